@@ -1,0 +1,2 @@
+#include "content/catalogo.h"
+void SceltaSimboli(qint16, TopicInstallato &, TitoliInizio &) {}

@@ -1,0 +1,7 @@
+#pragma once
+#include "content/topic.h"
+
+// Installs topic number `livello` (1..12) into `topic` and writes its titles.
+// Any other level leaves topic and labels alone, but the menu caption is
+// still rewritten from Label6(2).
+void SceltaSimboli(qint16 livello, TopicInstallato &topic, TitoliInizio &titoli);

@@ -1,0 +1,2 @@
+#include "content/formatta.h"
+QString FormattaNumero(double, IMessageBox *) { return {}; }

@@ -1,0 +1,55 @@
+#include "settings/resizecolore.h"
+
+#include <QComboBox>
+#include <QFrame>
+#include <QMenu>
+#include <QMenuBar>
+
+namespace {
+
+bool saltato(const QWidget *w)
+{
+    if (qobject_cast<const QComboBox *>(w) || qobject_cast<const QMenuBar *>(w) ||
+        qobject_cast<const QMenu *>(w))
+        return true;
+    // Anything owned by a combo box (its popup and view) moves with it.
+    for (const QObject *p = w->parent(); p; p = p->parent())
+        if (qobject_cast<const QComboBox *>(p))
+            return true;
+    if (auto f = qobject_cast<const QFrame *>(w))
+        return f->frameShape() == QFrame::HLine || f->frameShape() == QFrame::VLine;
+    return false;
+}
+
+} // namespace
+
+void ResizeColore::prendi(QWidget *form)
+{
+    form_ = form;
+    tabella_.clear();
+    const QSize s = form->size();
+    if (s.width() <= 0 || s.height() <= 0)
+        return;
+    const auto figli = form->findChildren<QWidget *>();
+    for (QWidget *w : figli) {
+        if (w->isWindow())
+            continue;
+        const QRect g = w->geometry();
+        tabella_.append({w, float(g.width()) / float(s.width()), float(g.height()) / float(s.height()),
+                         float(g.top()) / float(s.height()), float(g.left()) / float(s.width())});
+    }
+}
+
+void ResizeColore::applica()
+{
+    if (!form_)
+        return;
+    const double W = form_->width();
+    const double H = form_->height();
+    for (const Voce &v : std::as_const(tabella_)) {
+        if (!v.controllo || saltato(v.controllo))
+            continue;
+        v.controllo->setGeometry(qRound(v.sinistra * W), qRound(v.alto * H),
+                                 qRound(v.larghezza * W), qRound(v.altezza * H));
+    }
+}

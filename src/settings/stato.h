@@ -1,0 +1,49 @@
+#pragma once
+// The program-wide state: owned by main, handed by reference to every screen.
+// Screens share state only through it.
+#include "content/algoritmi.h"
+#include "content/item.h"
+#include "content/topic.h"
+#include "exercise/record.h"
+#include "printing/fogli.h"
+#include "settings/settings.h"
+#include <functional>
+
+class IClock;
+class IRandom;
+class IMessageBox;
+class ISound;
+class IPrinter;
+class IScreens;
+
+// The system behind the program; none of these is owned by the state.
+struct Servizi {
+    IClock *clock = nullptr;
+    IRandom *random = nullptr;
+    IMessageBox *messaggi = nullptr;
+    ISound *suono = nullptr;
+    IPrinter *stampante = nullptr;
+    IScreens *schermi = nullptr;
+};
+
+struct Stato {
+    Settings settings;
+    TopicInstallato topic;
+    TitoliInizio titoli;
+    Item item;
+    qint16 TipoCorrente = 0;
+    ExerciseRecord record;
+    SheetBuffers fogli;
+
+    // Told the template number of every generated item (Label7 of the exercise screen).
+    std::function<void(qint16)> mostraNumeroModello;
+
+    Servizi servizi;
+
+    // The item generator on this state.
+    void generaItem()
+    {
+        Generatore g{*servizi.clock, *servizi.random, mostraNumeroModello};
+        g.genera(settings.ValoreMassimo, settings.OrdineSimboli, topic, item, TipoCorrente);
+    }
+};

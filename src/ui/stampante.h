@@ -1,0 +1,38 @@
+#pragma once
+#include <QString>
+#include <QStringList>
+#include <stdexcept>
+
+// A printer failed while a page was being made or sent.
+struct ErroreStampa : std::runtime_error {
+    using std::runtime_error::runtime_error;
+};
+
+// The current printer of the run, as the printing screens use it: a line
+// printer that places text in twips (1440 per inch) from the top-left of the
+// printable area. A printed line moves the position one line of the current
+// font down and back to the left edge.
+class IPrinter
+{
+public:
+    virtual ~IPrinter() = default;
+
+    virtual int FontCount() = 0;
+    virtual QString Fonts(int i) = 0;            // i from 0
+    virtual void setFontName(const QString &name) = 0;
+    virtual void setFontSize(double points) = 0;
+    virtual void setFontBold(bool bold) = 0;
+    virtual double currentX() const = 0;
+    virtual double currentY() const = 0;
+    virtual void setCurrentX(double twips) = 0;
+    virtual void setCurrentY(double twips) = 0;
+    virtual void print(const QString &text) = 0; // text, then end of line
+    virtual void endDoc() = 0;                   // sends the page; throws ErroreStampa
+
+    // Installed printers by device name, in the system's order.
+    virtual QStringList printers() = 0;
+    virtual QString defaultPrinter() = 0;
+    virtual QString currentPrinter() = 0;
+    // Makes an installed printer the current one until the program ends.
+    virtual void setCurrentPrinter(const QString &name) = 0;
+};
