@@ -103,22 +103,30 @@ std::optional<QString> colore(const std::optional<QByteArray> &campo)
 }
 
 // True/False as written; numbers as yes when not zero; empty is "no value".
-std::optional<std::optional<bool>> sino(const std::optional<QByteArray> &campo)
+struct SiNo {
+    bool letto = false;
+    std::optional<bool> valore;
+};
+
+SiNo sino(const std::optional<QByteArray> &campo)
 {
+    SiNo r;
     if (!campo)
-        return std::nullopt;
+        return r;
     const QByteArray t = campo->toLower();
-    if (t.isEmpty())
-        return std::optional<bool>{};
-    if (t == "true" || t == "#true#")
-        return std::optional<bool>{true};
-    if (t == "false" || t == "#false#")
-        return std::optional<bool>{false};
-    bool ok = false;
-    const double v = t.toDouble(&ok);
-    if (!ok)
-        return std::nullopt;
-    return std::optional<bool>{v != 0.0};
+    r.letto = true;
+    if (t == "true" || t == "#true#") {
+        r.valore = true;
+    } else if (t == "false" || t == "#false#") {
+        r.valore = false;
+    } else if (!t.isEmpty()) {
+        bool ok = false;
+        const double v = t.toDouble(&ok);
+        r.letto = ok;
+        if (ok)
+            r.valore = v != 0.0;
+    }
+    return r;
 }
 
 QByteArray parola(const std::optional<bool> &b)
@@ -210,14 +218,14 @@ bool LeggiImpostazioni(Settings &s)
         const auto iCaratteri = intero16(c.campo(false));
         // The indices pick one of eleven buttons: anything else is a damaged file.
         const auto indice = [](const std::optional<qint16> &i) { return i && *i >= 0 && *i <= 10; };
-        if (sfondo && riserva && caratteri && beep && beep->has_value() && a && b && chiaro && scuro &&
+        if (sfondo && riserva && caratteri && beep.valore && a.letto && b.letto && chiaro && scuro &&
             indice(iSfondo) && indice(iScansione) && indice(iCaratteri)) {
             s.ColoreSfondo = *sfondo;
             s.ColoreRiserva = *riserva;
             s.ColoreCaratteri = *caratteri;
-            s.BeepAttivo = **beep;
-            s.ImpostazioneA = *a;
-            s.ImpostazioneB = *b;
+            s.BeepAttivo = *beep.valore;
+            s.ImpostazioneA = a.valore;
+            s.ImpostazioneB = b.valore;
             s.ColoreScansioneChiaro = *chiaro;
             s.ColoreScansioneScuro = *scuro;
             s.IndiceSfondo = *iSfondo;
