@@ -161,22 +161,25 @@ QString NomeFileDaEseguibile(const QString &percorsoEseguibile)
     return QFileInfo(percorsoEseguibile).completeBaseName();
 }
 
-bool LeggiLivelli(Settings &s, const QString &strNomeFile)
+bool LeggiLivelliDa(const QByteArray &dati, Settings &s)
 {
-    const auto dati = leggiTutto(nomeDat(strNomeFile));
-    if (dati) {
-        Campi campi(*dati);
-        const auto livello = intero16(campi.campo(true));
-        const auto cifre = intero16(campi.campo(true));
-        if (livello && cifre) {
-            s.Livello = *livello;
-            s.NumeroCifre = *cifre;
-            return true;
-        }
+    Campi campi(dati);
+    const auto livello = intero16(campi.campo(true));
+    const auto cifre = intero16(campi.campo(true));
+    if (livello && cifre) {
+        s.Livello = *livello;
+        s.NumeroCifre = *cifre;
+        return true;
     }
     s.Livello = 1;
     s.NumeroCifre = 1;
     return false;
+}
+
+bool LeggiLivelli(Settings &s, const QString &strNomeFile)
+{
+    const auto dati = leggiTutto(nomeDat(strNomeFile));
+    return LeggiLivelliDa(dati.value_or(QByteArray()), s);
 }
 
 bool ScriviLivelli(const Settings &s)
@@ -200,42 +203,45 @@ void AspettoPredefinito(Settings &s)
     s.IndiceCaratteri = 9;
 }
 
-bool LeggiImpostazioni(Settings &s)
+bool LeggiImpostazioniDa(const QByteArray &dati, Settings &s)
 {
-    const auto dati = leggiTutto(nomeDat(s.NomeFile));
-    if (dati) {
-        Campi c(*dati);
-        const auto sfondo = colore(c.campo(false));
-        const auto riserva = colore(c.campo(false));
-        const auto caratteri = colore(c.campo(false));
-        const auto beep = sino(c.campo(false));
-        const auto a = sino(c.campo(false));
-        const auto b = sino(c.campo(false));
-        const auto chiaro = colore(c.campo(false));
-        const auto scuro = colore(c.campo(false));
-        const auto iSfondo = intero16(c.campo(false));
-        const auto iScansione = intero16(c.campo(false));
-        const auto iCaratteri = intero16(c.campo(false));
-        // The indices pick one of eleven buttons: anything else is a damaged file.
-        const auto indice = [](const std::optional<qint16> &i) { return i && *i >= 0 && *i <= 10; };
-        if (sfondo && riserva && caratteri && beep.valore && a.letto && b.letto && chiaro && scuro &&
-            indice(iSfondo) && indice(iScansione) && indice(iCaratteri)) {
-            s.ColoreSfondo = *sfondo;
-            s.ColoreRiserva = *riserva;
-            s.ColoreCaratteri = *caratteri;
-            s.BeepAttivo = *beep.valore;
-            s.ImpostazioneA = a.valore;
-            s.ImpostazioneB = b.valore;
-            s.ColoreScansioneChiaro = *chiaro;
-            s.ColoreScansioneScuro = *scuro;
-            s.IndiceSfondo = *iSfondo;
-            s.IndiceScansione = *iScansione;
-            s.IndiceCaratteri = *iCaratteri;
-            return true;
-        }
+    Campi c(dati);
+    const auto sfondo = colore(c.campo(false));
+    const auto riserva = colore(c.campo(false));
+    const auto caratteri = colore(c.campo(false));
+    const auto beep = sino(c.campo(false));
+    const auto a = sino(c.campo(false));
+    const auto b = sino(c.campo(false));
+    const auto chiaro = colore(c.campo(false));
+    const auto scuro = colore(c.campo(false));
+    const auto iSfondo = intero16(c.campo(false));
+    const auto iScansione = intero16(c.campo(false));
+    const auto iCaratteri = intero16(c.campo(false));
+    // The indices pick one of eleven buttons: anything else is a damaged file.
+    const auto indice = [](const std::optional<qint16> &i) { return i && *i >= 0 && *i <= 10; };
+    if (sfondo && riserva && caratteri && beep.valore && a.letto && b.letto && chiaro && scuro &&
+        indice(iSfondo) && indice(iScansione) && indice(iCaratteri)) {
+        s.ColoreSfondo = *sfondo;
+        s.ColoreRiserva = *riserva;
+        s.ColoreCaratteri = *caratteri;
+        s.BeepAttivo = *beep.valore;
+        s.ImpostazioneA = a.valore;
+        s.ImpostazioneB = b.valore;
+        s.ColoreScansioneChiaro = *chiaro;
+        s.ColoreScansioneScuro = *scuro;
+        s.IndiceSfondo = *iSfondo;
+        s.IndiceScansione = *iScansione;
+        s.IndiceCaratteri = *iCaratteri;
+        return true;
     }
     AspettoPredefinito(s);
     return false;
+}
+
+bool LeggiImpostazioni(Settings &s)
+{
+    const auto dati = leggiTutto(nomeDat(s.NomeFile));
+    return LeggiImpostazioniDa(dati.value_or(QByteArray()), s);
 }
 
 bool ScriviImpostazioni(const Settings &s)

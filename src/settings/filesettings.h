@@ -3,6 +3,7 @@
 // it and each writer replaces it whole: a levels line (level and digit count)
 // and eleven appearance lines. Reads never fail loudly: they fall back.
 #include "settings/settings.h"
+#include <QByteArray>
 
 // The executable's name without folder and extension ("composizione").
 QString NomeFileDaEseguibile(const QString &percorsoEseguibile);
@@ -17,6 +18,10 @@ bool ScriviLivelli(const Settings &s);
 // Reads the eleven appearance values; on any failure all eleven take the
 // defaults of AspettoPredefinito and false is returned. Nothing is written.
 bool LeggiImpostazioni(Settings &s);
+
+// The two readers on the file's bytes, with the same fall-backs.
+bool LeggiLivelliDa(const QByteArray &dati, Settings &s);
+bool LeggiImpostazioniDa(const QByteArray &dati, Settings &s);
 
 // Replaces the settings file with the eleven appearance lines of `s`.
 bool ScriviImpostazioni(const Settings &s);
