@@ -1,1 +1,240 @@
 #include "ui/rigaopzioni.h"
+
+#include "content/errori.h"
+#include "ui/confine.h"
+
+#include <QKeyEvent>
+#include <QPushButton>
+#include <QWidget>
+
+#include <utility>
+
+namespace {
+
+// Text on the key must stay readable whatever colour the user picked for
+// scanning, so it flips to white on dark backgrounds.
+QColor coloreTesto(const QColor &sfondo)
+{
+    return qGray(sfondo.rgb()) < 128 ? QColor(Qt::white) : QColor(Qt::black);
+}
+
+bool isTasto(const QEvent *e)
+{
+    return e->type() == QEvent::KeyPress || e->type() == QEvent::KeyRelease;
+}
+
+bool isPressione(const QEvent *e)
+{
+    return e->type() == QEvent::MouseButtonPress || e->type() == QEvent::MouseButtonDblClick;
+}
+
+} // namespace
+
+RigaOpzioni::RigaOpzioni(QWidget *parent, const QStringList &captions, const QString &nome)
+    : RigaOpzioni(parent, captions, nome, Opzioni{})
+{
+}
+
+RigaOpzioni::RigaOpzioni(QWidget *parent, const QStringList &captions, const QString &nome,
+                         Opzioni opzioni)
+    : QObject(parent), opzioni_(std::move(opzioni))
+{
+    bottoni_.reserve(captions.size());
+    for (int i = 0; i < captions.size(); ++i) {
+        auto *b = new QPushButton(captions.at(i), parent);
+        b->setObjectName(QStringLiteral("%1(%2)").arg(nome).arg(i));
+        b->setFocusPolicy(Qt::StrongFocus);
+        b->setCheckable(false);
+        b->setAutoDefault(false);
+        b->setDefault(false);
+        b->installEventFilter(this);
+        bottoni_.append(b);
+        dipingi(b, opzioni_.riposo);
+    }
+}
+
+QPushButton *RigaOpzioni::bottone(int i) const
+{
+    if (i < 0 || i >= bottoni_.size())
+        throw ErroreIntervallo("button index out of range");
+    return bottoni_.at(i);
+}
+
+int RigaOpzioni::count() const
+{
+    return int(bottoni_.size());
+}
+
+int RigaOpzioni::indice(const QObject *bottone) const
+{
+    for (int i = 0; i < bottoni_.size(); ++i)
+        if (bottoni_.at(i) == bottone)
+            return i;
+    return -1;
+}
+
+int RigaOpzioni::indiceFuoco() const
+{
+    for (int i = 0; i < bottoni_.size(); ++i)
+        if (bottoni_.at(i)->hasFocus())
+            return i;
+    return -1;
+}
+
+void RigaOpzioni::passo()
+{
+    passoDa(indiceFuoco());
+}
+
+// A disabled or hidden widget cannot take the focus in Qt. When disabled keys
+// are not skipped, a step onto one of them therefore leaves the focus where
+// it was. When they are skipped, hidden keys are skipped too, or the scan
+// would stop for good on a key the pupil cannot see. A row with no key able
+// to take the focus leaves the focus alone.
+void RigaOpzioni::passoDa(int da)
+{
+    const int n = count();
+    if (n == 0)
+        return;
+    int i = da + 1 >= n ? 0 : da + 1;
+    if (opzioni_.saltaDisabilitati) {
+        int giri = 0;
+        while (!bottoni_.at(i)->isEnabled() || bottoni_.at(i)->isHidden()) {
+            if (++giri >= n)
+                return;
+            i = i + 1 >= n ? 0 : i + 1;
+        }
+    }
+    bottoni_.at(i)->setFocus(Qt::TabFocusReason);
+}
+
+void RigaOpzioni::scegli(int i)
+{
+    emit scelto(i);
+}
+
+void RigaOpzioni::setColori(const QColor &fuoco, const QColor &riposo)
+{
+    opzioni_.fuoco = fuoco;
+    opzioni_.riposo = riposo;
+    for (QPushButton *b : std::as_const(bottoni_))
+        dipingi(b, b->hasFocus() ? fuoco : riposo);
+}
+
+const RigaOpzioni::Opzioni &RigaOpzioni::opzioni() const
+{
+    return opzioni_;
+}
+
+bool RigaOpzioni::flagPasso() const
+{
+    return flagPasso_;
+}
+
+bool RigaOpzioni::flagTasto() const
+{
+    return flagTasto_;
+}
+
+bool RigaOpzioni::eventFilter(QObject *watched, QEvent *event)
+{
+    // A button being destroyed is no longer a QPushButton here.
+    auto *b = qobject_cast<QPushButton *>(watched);
+    const int i = b ? indice(b) : -1;
+    if (i < 0)
+        return QObject::eventFilter(watched, event);
+
+    switch (event->type()) {
+    case QEvent::FocusIn:
+        b->setDown(false);
+        dipingi(b, opzioni_.fuoco);
+        return false;
+    case QEvent::FocusOut:
+        dipingi(b, opzioni_.riposo);
+        b->setDown(false);
+        return false;
+    default:
+        break;
+    }
+
+    if (isTasto(event)) {
+        auto *k = static_cast<QKeyEvent *>(event);
+        if (event->type() == QEvent::KeyPress)
+            premuto(i, k);
+        else
+            rilasciato(b, k);
+        // QPushButton would click on Space and move the focus on Tab or the
+        // arrows: the row decides what every key does.
+        return true;
+    }
+
+    if (isPressione(event)) {
+        if (opzioni_.flag == Flag::PerEvento)
+            flagPasso_ = flagTasto_ = false;
+        // The press is swallowed, so give the focus as a click would, before
+        // the choice: the screen may move it on to the next row.
+        if (!b->hasFocus())
+            b->setFocus(Qt::MouseFocusReason);
+        b->setDown(false);
+        if (opzioni_.mouseImpostaFlagTasto)
+            flagTasto_ = true;
+        confine([&] { emit scelto(i); });
+        return true;
+    }
+    if (event->type() == QEvent::MouseButtonRelease) {
+        // Swallowed as well, so clicked() never fires on top of the choice.
+        b->setDown(false);
+        return true;
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+void RigaOpzioni::premuto(int i, QKeyEvent *k)
+{
+    if (opzioni_.flag == Flag::PerEvento)
+        flagPasso_ = flagTasto_ = false;
+
+    if (!flagTasto_) {
+        if (tasto) {
+            bool accettato = false;
+            confine([&] { accettato = tasto(i, k); });
+            if (accettato)
+                flagTasto_ = true;
+        } else if (k->key() == Qt::Key_Return || k->key() == Qt::Key_Enter) {
+            flagTasto_ = true;
+            const int f = indiceFuoco();
+            confine([&] { emit scelto(f >= 0 ? f : i); });
+        }
+    }
+
+    if (k->text() == QLatin1String(" ") && !flagPasso_) {
+        // The key handler may have moved the focus already: step from there.
+        const int f = indiceFuoco();
+        passoDa(f >= 0 ? f : i);
+        flagPasso_ = true;
+    }
+}
+
+void RigaOpzioni::rilasciato(QPushButton *b, QKeyEvent *k)
+{
+    b->setDown(false);
+    // While a key is held the keyboard repeats release and press pairs; only
+    // the real release ends the press, so that a held key acts once.
+    if (k->isAutoRepeat() && opzioni_.flag == Flag::PerRiga)
+        return;
+    flagPasso_ = flagTasto_ = false;
+}
+
+void RigaOpzioni::dipingi(QPushButton *b, const QColor &c)
+{
+    b->setDown(false);
+    // A thicker dark border marks the focused key, so it stands out without
+    // relying on colour alone.
+    const bool fuoco = b->hasFocus();
+    const QString bordo = fuoco ? QStringLiteral("4px solid #000000")
+                                : QStringLiteral("1px solid %1").arg(c.darker(170).name());
+    b->setStyleSheet(QStringLiteral("QPushButton { background-color: %1; color: %2; border: %3;"
+                                    " border-radius: 10px; padding: 2px; }"
+                                    " QPushButton:disabled { color: #7a7a7a; }")
+                         .arg(c.name(), coloreTesto(c).name(), bordo));
+}

@@ -60,6 +60,9 @@ protected:
 
 private:
     void dipingi(QPushButton *b, const QColor &c);
+    void passoDa(int da);
+    void premuto(int i, QKeyEvent *k);
+    void rilasciato(QPushButton *b, QKeyEvent *k);
 
     QList<QPushButton *> bottoni_;
     Opzioni opzioni_;
