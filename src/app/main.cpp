@@ -1,12 +1,52 @@
+#include "app/gestoreschermi.h"
+#include "settings/stato.h"
+#include "ui/qtpiattaforma.h"
+
 #include <QApplication>
-#include <QWidget>
+
+#if __has_include("ui/qtsuono.h")
+#include "ui/qtsuono.h"
+#define HA_SUONO 1
+#endif
+#if __has_include("ui/qtstampante.h")
+#include "ui/qtstampante.h"
+#define HA_STAMPANTE 1
+#endif
 
 int main(int argc, char *argv[])
 {
     QApplication app(argc, argv);
-    QWidget w;
-    w.setWindowTitle(QStringLiteral("COMPOSIZIONE"));
-    w.resize(800, 600);
-    w.show();
-    return app.exec();
+    QApplication::setApplicationName(QStringLiteral("composizione"));
+
+    Stato stato;
+    QtClock orologio;
+    QtRandom caso;
+    QtMessageBox messaggi;
+    stato.servizi.clock = &orologio;
+    stato.servizi.random = &caso;
+    stato.servizi.messaggi = &messaggi;
+#ifdef HA_SUONO
+    QtSound suono;
+    // Loaded now, so that the first right answer does not wait for it.
+    suono.carica(QCoreApplication::applicationDirPath() + QStringLiteral("/positivo.wav"));
+    stato.servizi.suono = &suono;
+#endif
+#ifdef HA_STAMPANTE
+    QtPrinter stampante;
+    stato.servizi.stampante = &stampante;
+#endif
+
+    int esito = 0;
+    {
+        GestoreSchermi schermi(stato);
+        stato.servizi.schermi = &schermi;
+        QObject::connect(&schermi, &GestoreSchermi::tuttiChiusi, &app, &QCoreApplication::quit,
+                         Qt::QueuedConnection);
+        schermi.apri(Schermo::Inizio);
+        esito = app.exec();
+        // Screens unloaded on the way out go before the state they work on.
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        stato.servizi.schermi = nullptr;
+    }
+    return esito;
 }

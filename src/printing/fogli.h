@@ -10,4 +10,7 @@ struct SheetBuffers {
     std::array<QString, 61> RigheDocenti;  // teachers' lines of the worksheet
     qint16 NumeroOperazioni = 0;           // shared counter (see the record file)
     qint16 StampaRidotta = 0;
+    // The printer choice has had its first combo click of the run (the one
+    // raised by its own opening), which only arms this flag.
+    bool SceltaStampanteArmata = false;
 };

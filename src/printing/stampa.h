@@ -11,9 +11,21 @@ QString CercaCarattere(IPrinter &p);
 
 // The exercise done, one page. Shows "Devi installare il font Courier o il
 // font Courier New" and prints nothing when no fixed-pitch font is found.
+// Printer errors (ErroreStampa) are left to the caller's event boundary.
 void StampaEsercizio(Stato &s);
 
 // The worksheet in RigheScheda, one page, for TipoScheda 1 (pupils) or 2
 // (teachers). label1/label2 are the kind and order in words shown on screen.
 // Any printer error shows "Problema di stampa nella stampante utilizzata.".
 void StampaScheda(Stato &s, qint16 tipoScheda, const QString &label1, const QString &label2);
+
+// The worksheet header: the name and class line, the kind and order, and
+// TestoIntestazione.
+void IntestazioneScheda(IPrinter &p, const QString &label1, const QString &label2);
+
+// Where line k (1..) of a worksheet stands, in twips from the top: three
+// blocks of ten, with room to spare between them.
+qint16 YRigaScheda(qint16 k);
+
+// The third header line of a worksheet: a shared text nothing assigns.
+inline const QString TestoIntestazione;

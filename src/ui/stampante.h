@@ -35,4 +35,9 @@ public:
     virtual QString currentPrinter() = 0;
     // Makes an installed printer the current one until the program ends.
     virtual void setCurrentPrinter(const QString &name) = 0;
+
+    // The name of the next document, without extension (NomeFile + "Esercizio"
+    // or NomeFile + "Scheda"); a device that has to write the page to a file
+    // of its own names the file after it.
+    virtual void setDocumentName(const QString &name) { (void)name; }
 };

@@ -1,0 +1,141 @@
+#include "printing/stampa.h"
+#include "content/piattaforma.h"
+#include "settings/stato.h"
+#include "ui/stampante.h"
+
+namespace {
+
+const QString testoSenzaFont = QStringLiteral("Devi installare il font Courier o il font Courier New");
+const QString testoProblema = QStringLiteral("Problema di stampa nella stampante utilizzata.");
+
+void avvisa(Stato &s, const QString &testo)
+{
+    if (s.servizi.messaggi)
+        s.servizi.messaggi->mostra(testo);
+}
+
+// Products of the page layout stay in 16 bits, like the counters they come from.
+qint16 prodotto16(qint16 a, int b)
+{
+    const int r = int(a) * b;
+    if (r > 32767 || r < -32768)
+        throw ErroreOverflow("16-bit overflow");
+    return qint16(r);
+}
+
+void posiziona(IPrinter &p, qint16 x, qint16 y)
+{
+    p.setCurrentX(x);
+    p.setCurrentY(y);
+}
+
+void IntestazioneEsercizio(IPrinter &p)
+{
+    posiziona(p, 1000, 1000);
+    p.setFontSize(16);
+    p.print(QStringLiteral("SCUOLA ELEMENTARE DI "));
+    p.setCurrentX(1000);
+    p.print(QStringLiteral("Componi i seguenti valori"));
+}
+
+} // namespace
+
+QString CercaCarattere(IPrinter &p)
+{
+    const int quanti = p.FontCount();
+    for (int i = 0; i < quanti; ++i) {
+        const QString nome = p.Fonts(i);
+        if (nome == QLatin1String("Courier New") || nome == QLatin1String("Courier"))
+            return nome;
+    }
+    return {};
+}
+
+void StampaEsercizio(Stato &s)
+{
+    if (!s.servizi.stampante)
+        return;
+    IPrinter &p = *s.servizi.stampante;
+    const QString carattere = CercaCarattere(p);
+    if (carattere.isEmpty()) {
+        avvisa(s, testoSenzaFont);
+        return;
+    }
+    p.setDocumentName(s.settings.NomeFile + QStringLiteral("Esercizio"));
+    p.setFontName(carattere);
+    IntestazioneEsercizio(p);
+    p.setFontSize(10);
+    p.setFontBold(true);
+
+    // The loop runs on the shared counter: the record file relies on where it stops.
+    qint16 &i = s.fogli.NumeroOperazioni;
+    for (i = 1; i <= s.record.NumeroEsercizio; i = somma16(i, 1)) {
+        qint16 y;
+        if (s.fogli.StampaRidotta == 1) {
+            if (i > 10)
+                continue;
+            y = somma16(prodotto16(somma16(i, -1), 400), 2000);
+        } else if (i <= 10) {
+            y = somma16(prodotto16(somma16(i, -1), 400), 2000);
+        } else {
+            // A gap of 3400 twips after the tenth line leaves room to write.
+            y = somma16(prodotto16(somma16(i, -1), 400), 5000);
+        }
+        const QString &riga = s.record.riga(i);
+        posiziona(p, 1000, y);
+        p.print(riga);
+    }
+    p.endDoc();
+}
+
+void IntestazioneScheda(IPrinter &p, const QString &label1, const QString &label2)
+{
+    // The header is always asked for in "Courier New"; the device substitutes
+    // when only "Courier" exists.
+    p.setFontName(QStringLiteral("Courier New"));
+    // The exercise printout leaves bold on; worksheet lines are plain.
+    p.setFontBold(false);
+    posiziona(p, 1000, 900);
+    p.setFontSize(13);
+    p.print(QStringLiteral("Classe          Nome e cognome                     "));
+    p.setFontSize(12);
+    posiziona(p, 1000, 1300);
+    p.print(label1 + QString(8, QLatin1Char(' ')) + label2);
+    posiziona(p, 1000, 1500);
+    p.print(TestoIntestazione);
+}
+
+qint16 YRigaScheda(qint16 k)
+{
+    if (k <= 10)
+        return somma16(prodotto16(somma16(k, -1), 400), 2000);
+    if (k <= 20)
+        return somma16(prodotto16(somma16(k, -10), 400), 6000);
+    return somma16(prodotto16(somma16(k, -20), 400), 10500);
+}
+
+void StampaScheda(Stato &s, qint16 tipoScheda, const QString &label1, const QString &label2)
+{
+    if (!s.servizi.stampante)
+        return;
+    IPrinter &p = *s.servizi.stampante;
+    const QString carattere = CercaCarattere(p);
+    if (carattere.isEmpty()) {
+        avvisa(s, testoSenzaFont);
+        return;
+    }
+    p.setDocumentName(s.settings.NomeFile + QStringLiteral("Scheda"));
+    p.setFontName(carattere);
+    try {
+        IntestazioneScheda(p, label1, label2);
+        p.setFontSize(tipoScheda == 1 ? 12 : 10);
+        for (qint16 k = 1; k <= s.fogli.NumeroOperazioni; k = somma16(k, 1)) {
+            const QString &riga = voce(s.fogli.RigheScheda, k);
+            posiziona(p, 1000, YRigaScheda(k));
+            p.print(riga);
+        }
+        p.endDoc();
+    } catch (const std::exception &) {
+        avvisa(s, testoProblema);
+    }
+}

@@ -1,0 +1,65 @@
+#pragma once
+// The current printer of the run on Qt's print system. One device unit is one
+// twip. With no printer installed at all, each page is written as a PDF in
+// the current folder (named after the document) and shown in the system's
+// PDF viewer.
+#include "ui/stampante.h"
+#include <QStringList>
+#include <functional>
+#include <memory>
+
+class QPainter;
+class QPrinter;
+
+class QtPrinter final : public IPrinter
+{
+public:
+    QtPrinter();
+    ~QtPrinter() override;
+
+    int FontCount() override;
+    QString Fonts(int i) override;
+    void setFontName(const QString &name) override;
+    void setFontSize(double points) override;
+    void setFontBold(bool bold) override;
+    double currentX() const override { return x_; }
+    double currentY() const override { return y_; }
+    void setCurrentX(double twips) override { x_ = twips; }
+    void setCurrentY(double twips) override { y_ = twips; }
+    void print(const QString &text) override;
+    void endDoc() override;
+
+    QStringList printers() override;
+    QString defaultPrinter() override;
+    QString currentPrinter() override;
+    void setCurrentPrinter(const QString &name) override;
+    void setDocumentName(const QString &name) override;
+
+    // The installed font families, then "Courier New" and "Courier" when the
+    // font configuration maps them to an installed fixed-pitch face.
+    static QStringList elencoFont();
+
+    // Shows a finished PDF; the default hands it to the desktop.
+    void setApriPdf(std::function<void(const QString &)> apri) { apriPdf_ = std::move(apri); }
+    // Writes PDF files even when printers are installed (tests).
+    void setSoloPdf(bool solo) { soloPdf_ = solo; }
+    // The PDF file of the page being made, or of the last one (empty: none).
+    QString filePdf() const { return filePdf_; }
+
+private:
+    void iniziaPagina();
+
+    std::unique_ptr<QPrinter> printer_;
+    std::unique_ptr<QPainter> painter_;
+    QStringList fonts_;
+    bool fontsLetti_ = false;
+    QString nomeFont_ = QStringLiteral("Courier New");
+    double punti_ = 10;
+    bool grassetto_ = false;
+    double x_ = 0, y_ = 0;
+    QString scelta_;
+    QString documento_;
+    QString filePdf_;
+    bool soloPdf_ = false;
+    std::function<void(const QString &)> apriPdf_;
+};
