@@ -8,22 +8,10 @@
 #include <QDialog>
 #include <QEvent>
 
-#if __has_include("exercise/frmoperativo.h")
 #include "exercise/frmoperativo.h"
-#define HA_OPERATIVO 1
-#endif
-#if __has_include("printing/frmstampaeserciziotre.h")
 #include "printing/frmstampaeserciziotre.h"
-#define HA_STAMPA_ESERCIZIO 1
-#endif
-#if __has_include("printing/frmstampaschedetre.h")
 #include "printing/frmstampaschedetre.h"
-#define HA_SCHEDE 1
-#endif
-#if __has_include("printing/frmsceltastampante.h")
 #include "printing/frmsceltastampante.h"
-#define HA_SCELTA_STAMPANTE 1
-#endif
 
 GestoreSchermi::GestoreSchermi(Stato &stato, QObject *parent)
     : QObject(parent), stato_(stato), fabbrica_(&GestoreSchermi::creaSchermo)
@@ -49,29 +37,13 @@ QWidget *GestoreSchermi::creaSchermo(Schermo s, Stato &stato, QWidget *proprieta
     case Schermo::Autore:
         return new FrmAutore(proprietario);
     case Schermo::Operativo:
-#ifdef HA_OPERATIVO
         return new frmOperativo(stato);
-#else
-        break;
-#endif
     case Schermo::StampaEsercizio:
-#ifdef HA_STAMPA_ESERCIZIO
         return new FrmStampaEsercizioTre(stato);
-#else
-        break;
-#endif
     case Schermo::Schede:
-#ifdef HA_SCHEDE
         return new FrmStampaSchedeTre(stato);
-#else
-        break;
-#endif
     case Schermo::SceltaStampante:
-#ifdef HA_SCELTA_STAMPANTE
         return new frmSceltaStampante(stato);
-#else
-        break;
-#endif
     }
     return nullptr;
 }

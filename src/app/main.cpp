@@ -4,14 +4,8 @@
 
 #include <QApplication>
 
-#if __has_include("ui/qtsuono.h")
 #include "ui/qtsuono.h"
-#define HA_SUONO 1
-#endif
-#if __has_include("ui/qtstampante.h")
 #include "ui/qtstampante.h"
-#define HA_STAMPANTE 1
-#endif
 
 int main(int argc, char *argv[])
 {
@@ -25,16 +19,12 @@ int main(int argc, char *argv[])
     stato.servizi.clock = &orologio;
     stato.servizi.random = &caso;
     stato.servizi.messaggi = &messaggi;
-#ifdef HA_SUONO
     QtSound suono;
     // Loaded now, so that the first right answer does not wait for it.
     suono.carica(QCoreApplication::applicationDirPath() + QStringLiteral("/positivo.wav"));
     stato.servizi.suono = &suono;
-#endif
-#ifdef HA_STAMPANTE
     QtPrinter stampante;
     stato.servizi.stampante = &stampante;
-#endif
 
     int esito = 0;
     {

@@ -1,6 +1,6 @@
 #pragma once
 #include "content/piattaforma.h"
-#include <random>
+#include <cstdint>
 
 class QWidget;
 
@@ -17,7 +17,13 @@ public:
     double Rnd() override;
 
 private:
-    std::mt19937_64 gen_{std::random_device{}()};
+    // Reseeding folds the seed into the running state instead of restarting
+    // from it: the clock ticks in milliseconds and a worksheet reseeds on
+    // every line, so two reseeds in the same tick must still draw anew.
+    std::uint64_t stato_;
+
+public:
+    QtRandom();
 };
 
 class QtMessageBox final : public IMessageBox
