@@ -52,7 +52,8 @@ QByteArray codifica(const QString &testo)
     return enc.encode(testo);
 }
 
-// Reads the file a block at a time, so that a huge file costs time, not memory.
+// Reads the file a small block at a time, so that a huge file costs time, not
+// memory (the record itself is a few kilobytes).
 class Lettore
 {
 public:
@@ -63,7 +64,7 @@ public:
         if (pos_ >= buf_.size()) {
             if (finito_)
                 return -1;
-            buf_ = dev_.read(1 << 16);
+            buf_ = dev_.read(1 << 12);
             pos_ = 0;
             if (buf_.isEmpty()) {
                 finito_ = true;
@@ -193,6 +194,35 @@ void SalvaEsercizio(Stato &s)
         s.servizi.messaggi->mostra(QStringLiteral("Impossibile salvare l'esercizio nel file %1: %2").arg(nome, f.errorString()));
 }
 
+bool CaricaEsercizioDa(QIODevice &file, Stato &s, const std::function<void(int, const QString &)> &mostra)
+{
+    Lettore l(file);
+    qint16 valore = 0;
+    if (!leggiNumero(l, valore))
+        return false;
+    s.record.NumeroEsercizio = valore;
+    if (!leggiNumero(l, valore))
+        return false;
+    s.fogli.StampaRidotta = valore;
+
+    // From here a line that cannot be stored is skipped, and the lines land
+    // where the shared counter stands, not from 1.
+    QStringDecoder dec("windows-1252");
+    while (!l.fine()) {
+        const QByteArray campo = l.campo(campoMassimo, false);
+        const int i = s.fogli.NumeroOperazioni;
+        if (i >= 0 && i <= 60) {
+            const QString testo = dec.isValid() ? dec.decode(campo) : QString::fromLatin1(campo);
+            s.fogli.RigheScheda[std::size_t(i)] = testo;
+            if (mostra)
+                mostra(i, testo);
+        }
+        if (s.fogli.NumeroOperazioni < 32767)
+            ++s.fogli.NumeroOperazioni;
+    }
+    return true;
+}
+
 void CaricaEsercizio(Stato &s, const std::function<void(int, const QString &)> &mostra)
 {
     auto nessuno = [&] {
@@ -212,33 +242,6 @@ void CaricaEsercizio(Stato &s, const std::function<void(int, const QString &)> &
     }
     QFile &file = *f;
     tieniAperto(std::move(f));
-
-    Lettore l(file);
-    qint16 valore = 0;
-    if (!leggiNumero(l, valore)) {
+    if (!CaricaEsercizioDa(file, s, mostra))
         nessuno();
-        return;
-    }
-    s.record.NumeroEsercizio = valore;
-    if (!leggiNumero(l, valore)) {
-        nessuno();
-        return;
-    }
-    s.fogli.StampaRidotta = valore;
-
-    // From here a line that cannot be stored is skipped, and the lines land
-    // where the shared counter stands, not from 1.
-    QStringDecoder dec("windows-1252");
-    while (!l.fine()) {
-        const QByteArray campo = l.campo(campoMassimo, false);
-        const int i = s.fogli.NumeroOperazioni;
-        if (i >= 0 && i <= 60) {
-            const QString testo = dec.isValid() ? dec.decode(campo) : QString::fromLatin1(campo);
-            s.fogli.RigheScheda[std::size_t(i)] = testo;
-            if (mostra)
-                mostra(i, testo);
-        }
-        if (s.fogli.NumeroOperazioni < 32767)
-            ++s.fogli.NumeroOperazioni;
-    }
 }

@@ -4,6 +4,7 @@
 #include <QString>
 #include <functional>
 
+class QIODevice;
 struct Stato;
 
 // NomeFile + "Esercizio" (the screen adds ".dat" when it opens the file).
@@ -20,3 +21,7 @@ void SalvaEsercizio(Stato &s);
 // every line stored at index i. A missing file or a bad first line shows
 // "Nessun esercizio eseguito presente".
 void CaricaEsercizio(Stato &s, const std::function<void(int, const QString &)> &mostra);
+
+// The reading itself, on any device: false when the first line is not two
+// whole numbers (nothing after it is read then).
+bool CaricaEsercizioDa(QIODevice &dati, Stato &s, const std::function<void(int, const QString &)> &mostra);
