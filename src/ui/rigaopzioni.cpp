@@ -48,6 +48,10 @@ RigaOpzioni::RigaOpzioni(QWidget *parent, const QStringList &captions, const QSt
         b->setAutoDefault(false);
         b->setDefault(false);
         b->installEventFilter(this);
+        // Mouse and keys never reach clicked(): only a press asked for from
+        // outside does, such as a screen reader's "Press" action. It chooses
+        // the key as a mouse press would.
+        connect(b, &QPushButton::clicked, this, [this, i] { confine([&] { emit scelto(i); }); });
         bottoni_.append(b);
         dipingi(b, opzioni_.riposo);
     }

@@ -1,6 +1,7 @@
 #include "content/errori.h"
 #include "ui/rigaopzioni.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QKeyEvent>
 #include <QPushButton>
@@ -90,6 +91,7 @@ private slots:
     void invioSceglie();
     void mouseSceglieSubito_data();
     void mouseSceglieSubito();
+    void azioneAccessibileSceglie();
     void coloreSegueIlFuoco();
     void nomiEIntervallo();
 };
@@ -301,6 +303,27 @@ void TstRigaOpzioni::mouseSceglieSubito()
     premiERilascia(Qt::Key_Return);
     QCOMPARE(scelti.count(), impostaFlag ? 2 : 3);
     QCOMPARE(clic.count(), 0);
+}
+
+// A screen reader presses a key through its accessible action, not the mouse.
+void TstRigaOpzioni::azioneAccessibileSceglie()
+{
+    Banco b(3);
+    QVERIFY(b.mostra());
+    QSignalSpy scelti(b.riga.get(), &RigaOpzioni::scelto);
+    QAccessibleInterface *k = QAccessible::queryAccessibleInterface(b.riga->bottone(1));
+    QVERIFY(k && k->actionInterface());
+    QCOMPARE(k->text(QAccessible::Name), QStringLiteral("k1"));
+    k->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    QTRY_COMPARE(scelti.count(), 1); // the press is animated: it lands a moment later
+    QCOMPARE(scelti.at(0).at(0).toInt(), 1);
+    QVERIFY(!b.riga->bottone(1)->isDown());
+
+    b.riga->bottone(2)->setEnabled(false);
+    QAccessible::queryAccessibleInterface(b.riga->bottone(2))->actionInterface()->doAction(
+        QAccessibleActionInterface::pressAction());
+    QTest::qWait(300);
+    QCOMPARE(scelti.count(), 1);
 }
 
 void TstRigaOpzioni::coloreSegueIlFuoco()
