@@ -1,0 +1,63 @@
+#!/usr/bin/env bash
+# Builds the Debian package, unpacks it into a scratch root the way dpkg lays it
+# out, and runs the installed program from a class folder of its own: a start-up
+# offscreen, then a whole exercise from the keyboard on a virtual display, read
+# back over the accessibility bus as a screen reader reads it.
+# Usage: pacchetto.sh BUILD_DIR. Exits 77 (skipped) when a tool is missing.
+set -euo pipefail
+build=$(cd "$1" && pwd)
+here=$(cd "$(dirname "$0")" && pwd)
+
+for tool in cpack dpkg-deb xvfb-run xdotool dbus-run-session; do
+  command -v "$tool" >/dev/null || { echo "SKIP: $tool is not installed"; exit 77; }
+done
+/usr/bin/python3 -c 'import pyatspi' 2>/dev/null || { echo "SKIP: python3-pyatspi is not installed"; exit 77; }
+
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+
+echo "== package"
+(cd "$work" && cpack --config "$build/CPackConfig.cmake" -G DEB -B "$work/out" >"$work/cpack.log") ||
+  { cat "$work/cpack.log"; exit 1; }
+deb=$(ls "$work"/out/*.deb)
+dpkg-deb -f "$deb" Package Depends
+dpkg -x "$deb" "$work/root"
+
+prog="$work/root/usr/lib/composizione"
+fallisci() { echo "FAIL: $*"; exit 1; }
+[ -x "$prog/composizione" ] || fallisci "no executable in the program folder"
+[ -s "$prog/positivo.wav" ] || fallisci "the sound is not beside the executable"
+desktop="$work/root/usr/share/applications/composizione.desktop"
+grep -qx 'Name=Composizione' "$desktop" || fallisci "no menu entry named Composizione"
+avvia=$(sed -n 's/^Exec=//p' "$desktop" | cut -d' ' -f1)
+[ -x "$work/root$avvia" ] || fallisci "the menu entry starts $avvia, which the package does not hold"
+icona=$(sed -n 's/^Icon=//p' "$desktop")
+ls "$work"/root/usr/share/icons/hicolor/*/apps/"$icona".* >/dev/null || fallisci "no icon $icona"
+echo "ok   program folder, sound, menu entry, launcher and icon"
+
+classe="$work/classe"
+mkdir "$classe"
+cd "$classe"
+
+echo "== start-up, offscreen"
+QT_QPA_PLATFORM=offscreen "$prog/composizione" 2>"$work/offscreen.log" &
+pid=$!
+sleep 2
+kill -0 "$pid" 2>/dev/null || { cat "$work/offscreen.log"; fallisci "the installed program did not stay up"; }
+kill -TERM "$pid"
+wait "$pid" || true
+echo "ok   the installed program starts"
+
+echo "== an exercise from the keyboard"
+export prog here work
+xvfb-run -a -s "-screen 0 1280x1024x24" dbus-run-session -- bash -c '
+  QT_QPA_PLATFORM=xcb QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1 "$prog/composizione" 2>"$work/xcb.log" &
+  pid=$!
+  stato=0
+  /usr/bin/python3 "$here/guida_atspi.py" composizione || stato=$?
+  if [ $stato -ne 0 ]; then kill "$pid" 2>/dev/null; cat "$work/xcb.log"; exit $stato; fi
+  wait "$pid" || { echo "FAIL: the program ended with status $?"; cat "$work/xcb.log"; exit 1; }
+' 2> >(grep -v -e "^dbus-daemon" -e "SpiRegistry" >&2)
+extra=$(find "$classe" -mindepth 1 ! -name 'composizione*')
+[ -z "$extra" ] || fallisci "files other than the program's own landed in the class folder: $extra"
+echo "ok   exercise done; the class folder holds only: $(ls "$classe" | tr '\n' ' ')"
