@@ -1,0 +1,33 @@
+#pragma once
+// The whole program on a running QApplication: the shared state, the system's
+// services and the screens. main runs it; the start-up and memory figures in
+// bench/ measure exactly this.
+#include "app/gestoreschermi.h"
+#include "settings/stato.h"
+#include "ui/qtpiattaforma.h"
+#include "ui/qtstampante.h"
+#include "ui/qtsuono.h"
+
+class Programma
+{
+public:
+    Programma();
+    ~Programma();
+    Programma(const Programma &) = delete;
+    Programma &operator=(const Programma &) = delete;
+
+    // Shows the start screen; QCoreApplication::quit follows once no screen is left.
+    void avvia();
+
+    Stato stato;
+    GestoreSchermi &schermi() { return schermi_; }
+    QtPrinter &stampante() { return stampante_; }
+
+private:
+    QtClock orologio_;
+    QtRandom caso_;
+    QtMessageBox messaggi_;
+    QtSound suono_;
+    QtPrinter stampante_;
+    GestoreSchermi schermi_;
+};
