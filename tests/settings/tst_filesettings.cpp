@@ -2,7 +2,6 @@
 
 #include <QDir>
 #include <QFile>
-#include <QRandomGenerator>
 #include <QTemporaryDir>
 #include <QtTest>
 
@@ -231,47 +230,6 @@ private slots:
         s.Livello = 2;
         QVERIFY(!ScriviLivelli(s));
         QVERIFY(QFileInfo(dat()).isDir());
-    }
-
-    // Whatever lies in the file, the readers end, and what they keep is either
-    // what the file says or the defaults.
-    void fileMalformati()
-    {
-        QRandomGenerator rng(20261122);
-        const QByteArray buono = "12640511\r\n8438015\r\n328965\r\nTrue\r\nTrue\r\nTrue\r\n"
-                                 "16754175\r\n16745215\r\n 4\r\n 4\r\n 9\r\n";
-        for (int i = 0; i < 400; ++i) {
-            QByteArray f;
-            switch (i % 4) {
-            case 0: // random bytes
-                f.resize(rng.bounded(200));
-                for (auto &c : f)
-                    c = char(rng.bounded(256));
-                break;
-            case 1: // a good file cut short
-                f = buono.left(rng.bounded(int(buono.size())));
-                break;
-            case 2: // a good file with bytes changed
-                f = buono;
-                for (int k = 0; k < 3; ++k)
-                    f[rng.bounded(int(f.size()))] = char(rng.bounded(256));
-                break;
-            default: // a huge line
-                f = QByteArray(200000 + rng.bounded(1000), char('0' + rng.bounded(10)));
-                break;
-            }
-            scrivi(dat(), f);
-            Settings s = conNome();
-            const bool livelli = LeggiLivelli(s, s.NomeFile);
-            if (!livelli) {
-                QCOMPARE(s.Livello, qint16(1));
-                QCOMPARE(s.NumeroCifre, qint16(1));
-            }
-            if (!LeggiImpostazioni(s))
-                QVERIFY2(aspettoPredefinito(s), qPrintable(QStringLiteral("file %1").arg(i)));
-            else
-                QVERIFY(s.IndiceSfondo >= 0 && s.IndiceSfondo <= 10);
-        }
     }
 };
 
