@@ -3,7 +3,7 @@
 // gone wild would send them, with the program's invariants checked after
 // every one. A failure names the seed, the screen and the event; it replays
 // with CASUALE_SEME=<seed> tst_casuale casuale:<screen>.
-// CASUALE_EVENTI sets the events per screen (default 10000).
+// CASUALE_EVENTI sets the events per screen (default 20000).
 #include "app/gestoreschermi.h"
 #include "exercise/frmoperativo.h"
 #include "fakes/fakeprinter.h"
@@ -34,7 +34,7 @@ Q_DECLARE_METATYPE(Schermo)
 namespace {
 
 constexpr quint64 kSemePredefinito = 20240917;
-constexpr int kEventiPredefiniti = 10000;
+constexpr int kEventiPredefiniti = 20000;
 // A modal box that comes up while another screen is under test gets a few
 // events of its own, then is sent away so that the screen can go on.
 constexpr int kEventiModale = 8;
