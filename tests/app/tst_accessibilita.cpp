@@ -5,6 +5,7 @@
 #include "app/gestoreschermi.h"
 
 #include "content/catalogo.h"
+#include "fakes/cartella.h"
 #include "fakes/fakeprinter.h"
 #include "fakes/fakes.h"
 #include "settings/filesettings.h"
@@ -21,7 +22,6 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QPushButton>
-#include <QTemporaryDir>
 #include <QtTest>
 #include <memory>
 
@@ -64,17 +64,10 @@ QString descrivi(const QWidget *w)
 class TestAccessibilita : public QObject
 {
     Q_OBJECT
-    QTemporaryDir dir_;
-    QString prima_;
+    CartellaDiProva cartella_;
 
 private slots:
-    void initTestCase()
-    {
-        QVERIFY(dir_.isValid());
-        prima_ = QDir::currentPath();
-        QDir::setCurrent(dir_.path());
-    }
-    void cleanupTestCase() { QDir::setCurrent(prima_); }
+    void initTestCase() { QVERIFY(cartella_.valida()); }
 
     void schermi_data()
     {

@@ -2,6 +2,7 @@
 
 #include "app/frmautore.h"
 #include "app/versione.h"
+#include "fakes/cartella.h"
 #include "settings/frminizio.h"
 #include "settings/frmopzioni.h"
 #include "settings/stato.h"
@@ -11,7 +12,6 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QSignalSpy>
-#include <QTemporaryDir>
 #include <QTimer>
 #include <QtTest>
 
@@ -41,8 +41,7 @@ protected:
 class TestGestoreSchermi : public QObject
 {
     Q_OBJECT
-    QTemporaryDir dir_;
-    QString prima_;
+    CartellaDiProva cartella_;
     Stato stato_;
     Registro registro_;
 
@@ -62,13 +61,7 @@ class TestGestoreSchermi : public QObject
     }
 
 private slots:
-    void initTestCase()
-    {
-        QVERIFY(dir_.isValid());
-        prima_ = QDir::currentPath();
-        QDir::setCurrent(dir_.path());
-    }
-    void cleanupTestCase() { QDir::setCurrent(prima_); }
+    void initTestCase() { QVERIFY(cartella_.valida()); }
     void init() { registro_.nascosti.clear(); }
 
     void esciScaricaInOrdine_data()

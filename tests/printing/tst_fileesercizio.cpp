@@ -1,9 +1,9 @@
+#include "fakes/cartella.h"
 #include "fakes/fakes.h"
 #include "printing/fileesercizio.h"
 #include "settings/stato.h"
 
 #include <QDir>
-#include <QTemporaryDir>
 #include <QtTest>
 
 using Righe = QList<QPair<int, QString>>; // (index, text) as told to the screen
@@ -12,8 +12,7 @@ Q_DECLARE_METATYPE(Righe)
 class TestFileEsercizio : public QObject
 {
     Q_OBJECT
-    QTemporaryDir dir_;
-    QString prima_;
+    CartellaDiProva cartella_;
     FakeMessageBox box_;
     Stato s_;
     const QString dat_ = QStringLiteral("provaEsercizio.dat");
@@ -37,13 +36,7 @@ class TestFileEsercizio : public QObject
     }
 
 private slots:
-    void initTestCase()
-    {
-        QVERIFY(dir_.isValid());
-        prima_ = QDir::currentPath();
-        QDir::setCurrent(dir_.path());
-    }
-    void cleanupTestCase() { QDir::setCurrent(prima_); }
+    void initTestCase() { QVERIFY(cartella_.valida()); }
     void init()
     {
         QFile::remove(dat_);

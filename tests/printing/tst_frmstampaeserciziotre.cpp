@@ -1,5 +1,6 @@
 #include "printing/frmstampaeserciziotre.h"
 
+#include "fakes/cartella.h"
 #include "fakes/fakeprinter.h"
 #include "fakes/fakes.h"
 #include "settings/stato.h"
@@ -7,7 +8,6 @@
 #include <QApplication>
 #include <QLabel>
 #include <QPushButton>
-#include <QTemporaryDir>
 #include <QtTest>
 
 namespace {
@@ -39,10 +39,10 @@ QPushButton *comando(QWidget &w, int i) { return w.findChild<QPushButton *>(QStr
 class TestFrmStampaEsercizioTre : public QObject
 {
     Q_OBJECT
-    QTemporaryDir dir_;
+    CartellaDiProva cartella_;
 
 private slots:
-    void initTestCase() { QVERIFY(QDir::setCurrent(dir_.path())); }
+    void initTestCase() { QVERIFY(cartella_.valida()); }
     void init() { QFile::remove(QStringLiteral("provaEsercizio.dat")); }
 
     void apertura_data()

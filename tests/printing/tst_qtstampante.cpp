@@ -1,4 +1,5 @@
 // The real Qt device, printing to PDF files read back with pdftotext.
+#include "fakes/cartella.h"
 #include "fakes/fakes.h"
 #include "printing/stampa.h"
 #include "settings/stato.h"
@@ -11,7 +12,6 @@
 #include <QProcess>
 #include <QRegularExpression>
 #include <QStandardPaths>
-#include <QTemporaryDir>
 #include <QtTest>
 
 using Posti = QMap<QString, QPointF>;
@@ -49,8 +49,7 @@ QPointF origine()
 class TestQtStampante : public QObject
 {
     Q_OBJECT
-    QTemporaryDir dir_;
-    QString prima_;
+    CartellaDiProva cartella_;
     FakeMessageBox box_;
     Stato s_;
     QtPrinter p_;
@@ -59,9 +58,7 @@ class TestQtStampante : public QObject
 private slots:
     void initTestCase()
     {
-        QVERIFY(dir_.isValid());
-        prima_ = QDir::currentPath();
-        QDir::setCurrent(dir_.path());
+        QVERIFY(cartella_.valida());
         p_.setSoloPdf(true);
         p_.setApriPdf([this](const QString &f) { aperti_.append(f); });
         s_.settings.NomeFile = QStringLiteral("prova");
@@ -74,7 +71,6 @@ private slots:
         if (QStandardPaths::findExecutable(QStringLiteral("pdftotext")).isEmpty())
             QSKIP("pdftotext (poppler-utils) is not installed");
     }
-    void cleanupTestCase() { QDir::setCurrent(prima_); }
     void init() { aperti_.clear(); }
 
     void elencoFont()

@@ -1,8 +1,9 @@
 #include "settings/filesettings.h"
 
+#include "fakes/cartella.h"
+
 #include <QDir>
 #include <QFile>
-#include <QTemporaryDir>
 #include <QtTest>
 
 namespace {
@@ -44,23 +45,17 @@ bool aspettoPredefinito(const Settings &s)
 class TestFileSettings : public QObject
 {
     Q_OBJECT
-    QTemporaryDir dir_;
-    QString prima_;
+    CartellaDiProva cartella_;
     QString dat() const { return QStringLiteral("composizione.dat"); }
 
 private slots:
-    void initTestCase()
-    {
-        QVERIFY(dir_.isValid());
-        prima_ = QDir::currentPath();
-    }
+    void initTestCase() { QVERIFY(cartella_.valida()); }
     void init()
     {
-        QDir::setCurrent(dir_.path());
+        QDir::setCurrent(cartella_.percorso());
         QFile::remove(dat());
         QDir().rmdir(dat());
     }
-    void cleanupTestCase() { QDir::setCurrent(prima_); }
 
     void nomeDaEseguibile_data()
     {

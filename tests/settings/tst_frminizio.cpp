@@ -1,5 +1,6 @@
 #include "settings/frminizio.h"
 
+#include "fakes/cartella.h"
 #include "fakes/fakes.h"
 #include "settings/filesettings.h"
 #include "settings/stato.h"
@@ -9,7 +10,6 @@
 #include <QDir>
 #include <QFile>
 #include <QLabel>
-#include <QTemporaryDir>
 #include <QTimer>
 #include <QtTest>
 #include <memory>
@@ -44,8 +44,7 @@ QString chiamate(const FakeScreens &f)
 class TestFrmInizio : public QObject
 {
     Q_OBJECT
-    QTemporaryDir dir_;
-    QString prima_;
+    CartellaDiProva cartella_;
     std::unique_ptr<Stato> stato_;
     FakeScreens schermi_;
     std::unique_ptr<FrmInizio> f_;
@@ -98,12 +97,7 @@ class TestFrmInizio : public QObject
     }
 
 private slots:
-    void initTestCase()
-    {
-        QVERIFY(dir_.isValid());
-        prima_ = QDir::currentPath();
-        QDir::setCurrent(dir_.path());
-    }
+    void initTestCase() { QVERIFY(cartella_.valida()); }
     void init()
     {
         QFile::remove(dat());
@@ -111,7 +105,6 @@ private slots:
         schermi_.aperti.clear();
     }
     void cleanup() { f_.reset(); }
-    void cleanupTestCase() { QDir::setCurrent(prima_); }
 
     void avvioDalFile_data()
     {

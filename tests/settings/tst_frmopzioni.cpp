@@ -1,6 +1,7 @@
 #include "settings/frmopzioni.h"
 
 #include "content/catalogo.h"
+#include "fakes/cartella.h"
 #include "fakes/fakes.h"
 #include "settings/coloriopzioni.h"
 #include "settings/filesettings.h"
@@ -12,7 +13,6 @@
 #include <QFile>
 #include <QLabel>
 #include <QRadioButton>
-#include <QTemporaryDir>
 #include <QtTest>
 #include <memory>
 
@@ -52,8 +52,7 @@ QStringList aspetto(const Settings &s)
 class TestFrmOpzioni : public QObject
 {
     Q_OBJECT
-    QTemporaryDir dir_;
-    QString prima_;
+    CartellaDiProva cartella_;
     std::unique_ptr<Stato> stato_;
     FakeScreens schermi_;
     std::unique_ptr<FrmOpzioni> f_;
@@ -63,13 +62,7 @@ class TestFrmOpzioni : public QObject
     void click(const QString &nome) { f_->findChild<QAbstractButton *>(nome)->click(); }
 
 private slots:
-    void initTestCase()
-    {
-        QVERIFY(dir_.isValid());
-        prima_ = QDir::currentPath();
-        QDir::setCurrent(dir_.path());
-    }
-    void cleanupTestCase() { QDir::setCurrent(prima_); }
+    void initTestCase() { QVERIFY(cartella_.valida()); }
     void init()
     {
         QFile::remove(QStringLiteral("pannello.dat"));

@@ -1,5 +1,6 @@
 #include "settings/resizecolore.h"
 
+#include "fakes/cartella.h"
 #include "settings/frminizio.h"
 #include "settings/frmopzioni.h"
 #include "settings/stato.h"
@@ -8,7 +9,6 @@
 #include <QDir>
 #include <QGroupBox>
 #include <QPushButton>
-#include <QTemporaryDir>
 #include <QTimer>
 #include <QtTest>
 #include <functional>
@@ -55,17 +55,10 @@ Q_DECLARE_METATYPE(Crea)
 class TestResizeColore : public QObject
 {
     Q_OBJECT
-    QTemporaryDir dir_;
-    QString prima_;
+    CartellaDiProva cartella_;
 
 private slots:
-    void initTestCase()
-    {
-        QVERIFY(dir_.isValid());
-        prima_ = QDir::currentPath();
-        QDir::setCurrent(dir_.path());
-    }
-    void cleanupTestCase() { QDir::setCurrent(prima_); }
+    void initTestCase() { QVERIFY(cartella_.valida()); }
 
     void doppioEInDietro_data()
     {
