@@ -38,6 +38,24 @@ void IntestazioneEsercizio(IPrinter &p)
     p.print(QStringLiteral("Componi i seguenti valori"));
 }
 
+// Names the document after the program and sets the printer font; with no
+// printer, or no font to print in, there is nothing to print on (the user is
+// told of the missing font).
+IPrinter *apriDocumento(Stato &s, const QString &documento)
+{
+    IPrinter *p = s.servizi.stampante;
+    if (!p)
+        return nullptr;
+    const QString carattere = CercaCarattere(*p);
+    if (carattere.isEmpty()) {
+        avvisa(s, testoSenzaFont);
+        return nullptr;
+    }
+    p->setDocumentName(s.settings.NomeFile + documento);
+    p->setFontName(carattere);
+    return p;
+}
+
 } // namespace
 
 QString CercaCarattere(IPrinter &p)
@@ -53,16 +71,10 @@ QString CercaCarattere(IPrinter &p)
 
 void StampaEsercizio(Stato &s)
 {
-    if (!s.servizi.stampante)
+    IPrinter *stampante = apriDocumento(s, QStringLiteral("Esercizio"));
+    if (!stampante)
         return;
-    IPrinter &p = *s.servizi.stampante;
-    const QString carattere = CercaCarattere(p);
-    if (carattere.isEmpty()) {
-        avvisa(s, testoSenzaFont);
-        return;
-    }
-    p.setDocumentName(s.settings.NomeFile + QStringLiteral("Esercizio"));
-    p.setFontName(carattere);
+    IPrinter &p = *stampante;
     IntestazioneEsercizio(p);
     p.setFontSize(10);
     p.setFontBold(true);
@@ -116,16 +128,10 @@ qint16 YRigaScheda(qint16 k)
 
 void StampaScheda(Stato &s, qint16 tipoScheda, const QString &label1, const QString &label2)
 {
-    if (!s.servizi.stampante)
+    IPrinter *stampante = apriDocumento(s, QStringLiteral("Scheda"));
+    if (!stampante)
         return;
-    IPrinter &p = *s.servizi.stampante;
-    const QString carattere = CercaCarattere(p);
-    if (carattere.isEmpty()) {
-        avvisa(s, testoSenzaFont);
-        return;
-    }
-    p.setDocumentName(s.settings.NomeFile + QStringLiteral("Scheda"));
-    p.setFontName(carattere);
+    IPrinter &p = *stampante;
     try {
         IntestazioneScheda(p, label1, label2);
         p.setFontSize(tipoScheda == 1 ? 12 : 10);
