@@ -1,18 +1,12 @@
 #include "app/gestoreschermi.h"
 
-#include "app/frmautore.h"
-#include "app/versione.h"
 #include "fakes/cartella.h"
 #include "settings/frminizio.h"
 #include "settings/frmopzioni.h"
 #include "settings/stato.h"
 
 #include <QApplication>
-#include <QDir>
-#include <QLabel>
-#include <QPushButton>
 #include <QSignalSpy>
-#include <QTimer>
 #include <QtTest>
 
 namespace {
@@ -108,26 +102,6 @@ private slots:
             QVERIFY(opzioni.isNull());
         }
         stato_.servizi.schermi = nullptr;
-    }
-
-    void autoreModale()
-    {
-        GestoreSchermi g(stato_);
-        QString contatti;
-        bool modale = false;
-        QTimer::singleShot(0, this, [&] {
-            auto *d = qobject_cast<FrmAutore *>(QApplication::activeModalWidget());
-            QVERIFY(d);
-            modale = d->isModal();
-            contatti = d->findChild<QLabel *>("lblContatti")->text();
-            QTest::mouseClick(d->chiudi(), Qt::LeftButton);
-        });
-        g.apri(Schermo::Autore);
-        QVERIFY(modale);
-        QCOMPARE(contatti, Versione::contatti());
-        QVERIFY(!g.schermo(Schermo::Autore)->isVisible());
-        g.chiudi(Schermo::Autore);
-        QVERIFY(!g.caricato(Schermo::Autore));
     }
 };
 

@@ -1,6 +1,7 @@
 // A save killed at any moment leaves the old file or the new one, never a mix:
 // the settings file and the exercise record alike. The test runs itself as
 // the child that saves in a loop until it is killed.
+#include "fakes/cartella.h"
 #include "printing/fileesercizio.h"
 #include "settings/filesettings.h"
 #include "settings/stato.h"
@@ -87,14 +88,11 @@ private slots:
         // Every whole file the child can write, made here the same way.
         QSet<QByteArray> interi;
         {
-            QTemporaryDir modelli;
-            const QString prima = QDir::currentPath();
-            QDir::setCurrent(modelli.path());
+            CartellaDiProva modelli;
             for (int giro = 0; giro < 6; ++giro) {
                 salva(tipo, giro);
                 interi.insert(contenuto(nomeFile(tipo)));
             }
-            QDir::setCurrent(prima);
         }
         QVERIFY(interi.size() >= 2);
 
