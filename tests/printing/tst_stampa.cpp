@@ -1,195 +1,403 @@
+// Printing end to end: the record file, the two printouts on a recording
+// printer, one page on the real device read back from its PDF, and the
+// printer choice and worksheet screens driven by mouse and keys.
+#include "content/catalogo.h"
+#include "fakes/cartella.h"
 #include "fakes/fakeprinter.h"
 #include "fakes/fakes.h"
+#include "printing/fileesercizio.h"
+#include "printing/frmsceltastampante.h"
+#include "printing/frmstampaschedetre.h"
 #include "printing/stampa.h"
 #include "settings/stato.h"
+#include "ui/qtstampante.h"
 
+#include <QPrinter>
+#include <QtWidgets>
 #include <QtTest>
 
+using Righe = QList<QPair<int, QString>>; // (index, text) as told to the screen
+
 namespace {
-// One printed line as "x y font size[b] |text|".
-QString descrivi(const FakePrinter::Evento &e)
-{
-    return QStringLiteral("%1 %2 %3 %4%5 |%6|").arg(e.x).arg(e.y).arg(e.font).arg(e.dimensione).arg(e.grassetto ? "b" : "").arg(e.testo);
-}
-QStringList descrivi(const QList<FakePrinter::Evento> &l)
-{
-    QStringList r;
-    for (const auto &e : l)
-        r << descrivi(e);
-    return r;
-}
+// "E07", "S12": one word a line, so that each line can be found on a PDF page.
+QString riga(char tipo, int k) { return QStringLiteral("%1%2").arg(QLatin1Char(tipo)).arg(k, 2, 10, QLatin1Char('0')); }
+// Where line k stands, in twips. The exercise (tipo 0): from 2000 by 400, a gap
+// after the tenth. Worksheets: three blocks of ten at 2000, 6400 and 10900.
+int yRiga(int tipo, int k) { return tipo ? (k - 1) % 10 * 400 + QList{2000, 6400, 10900}[(k - 1) / 10] : (k <= 10 ? 2000 : 5000) + (k - 1) * 400; }
+void premi(Qt::Key k) { QTest::keyClick(QApplication::focusWidget(), k); }
 } // namespace
 
 class TestStampa : public QObject
 {
     Q_OBJECT
+    CartellaDiProva cartella_;
     FakePrinter p_;
     FakeMessageBox box_;
+    FakeScreens schermi_;
+    FakeClock orologio_;
+    FakeRandom caso_;
     Stato s_;
+    std::unique_ptr<QWidget> w_;
+    const QString dat_ = QStringLiteral("provaEsercizio.dat");
+
+    void scrivi(const QByteArray &dati)
+    {
+        QFile f(dat_);
+        QVERIFY(f.open(QIODevice::WriteOnly) && f.write(dati) == dati.size());
+    }
+
+    template <typename T = QWidget>
+    T *ctl(const QString &nome) const { return w_->findChild<T *>(nome); }
+    QString testo(const QString &nome) const { return ctl<QLabel>(nome)->text(); }
+    QColor sfondo(const QString &nome) const { return ctl(nome)->palette().color(QPalette::Window); }
+    // A key of a row, with the mouse or with the row's keys.
+    void scegli(const QString &rigaTasti, int i, bool tastiera)
+    {
+        if (!tastiera)
+            return QTest::mouseClick(ctl(QStringLiteral("%1(%2)").arg(rigaTasti).arg(i)), Qt::LeftButton);
+        if (i == 2 && rigaTasti == QLatin1String("Option1")) // no digit for the third kind: step to it
+            premi(Qt::Key_Space), premi(Qt::Key_Space);
+        else
+            premi(Qt::Key(Qt::Key_1 + i));
+        premi(Qt::Key_Return);
+    }
+    // Any other button: clicked, or reached with Tab (the arrows inside a radio group) and pressed.
+    void premiTasto(const QString &nome, bool tastiera)
+    {
+        auto *b = ctl<QAbstractButton>(nome);
+        if (!tastiera)
+            return b->click();
+        const bool radio = b->inherits("QRadioButton");
+        for (int i = 0; i < 40 && QApplication::focusWidget() != b; ++i)
+            premi(radio && QApplication::focusWidget()->objectName().startsWith("Opt1(") ? Qt::Key_Down : Qt::Key_Tab);
+        QCOMPARE(QApplication::focusWidget(), b);
+        premi(radio ? Qt::Key_Space : Qt::Key_Return);
+    }
 
 private slots:
+    void initTestCase() { QVERIFY(cartella_.valida()); }
     void init()
     {
+        QFile::remove(dat_);
+        QDir(dat_).removeRecursively();
         p_ = FakePrinter();
         box_.mostrati.clear();
+        schermi_.chiamate.clear();
+        caso_.dopo = 0.37; // every worksheet line alike, which is all these tests need
         s_ = Stato();
-        s_.settings.NomeFile = QStringLiteral("comp");
-        s_.servizi.stampante = &p_;
-        s_.servizi.messaggi = &box_;
-        for (int i = 0; i < 61; ++i) {
-            s_.record.RigheEsercizio[std::size_t(i)] = QStringLiteral("esercizio %1").arg(i);
-            s_.fogli.RigheScheda[std::size_t(i)] = QStringLiteral("scheda %1").arg(i);
+        s_.settings.NomeFile = QStringLiteral("prova");
+        s_.settings.ValoreMassimo = 9;
+        SceltaSimboli(3, s_.topic, s_.titoli);
+        s_.servizi = {&orologio_, &caso_, &box_, nullptr, &p_, &schermi_};
+        for (int k = 1; k <= 60; ++k) {
+            s_.record.riga(k) = riga('E', k);
+            s_.fogli.RigheScheda[std::size_t(k)] = riga('S', k);
         }
     }
+    void cleanup() { w_.reset(); }
 
-    void cercaCarattere_data()
+    void salva_data()
     {
-        QTest::addColumn<QStringList>("fonts");
-        QTest::addColumn<QString>("atteso");
-        QTest::newRow("courier new only") << QStringList{"Arial", "Courier New"} << "Courier New";
-        QTest::newRow("courier listed first wins") << QStringList{"Courier", "Arial", "Courier New"} << "Courier";
-        QTest::newRow("courier new listed first wins") << QStringList{"Courier New", "Courier"} << "Courier New";
-        QTest::newRow("case and blanks count") << QStringList{"courier new", "COURIER", "Courier ", " Courier New"} << "";
-        QTest::newRow("lookalike names") << QStringList{"Courier New Bold", "Courier 10 Pitch"} << "";
-        QTest::newRow("empty list") << QStringList{} << "";
-    }
-    void cercaCarattere()
-    {
-        QFETCH(QStringList, fonts);
-        p_.fonts = fonts;
-        QTEST(CercaCarattere(p_), "atteso");
-    }
-
-    void nessunFontNessunaStampa()
-    {
-        p_.fonts = {"Arial", "DejaVu Sans Mono"};
-        s_.record.NumeroEsercizio = 20;
-        s_.fogli.NumeroOperazioni = 30;
-        StampaEsercizio(s_);
-        StampaScheda(s_, 1, "a", "b");
-        QCOMPARE(box_.mostrati.size(), 2);
-        for (const auto &m : box_.mostrati) {
-            QCOMPARE(m.testo, QStringLiteral("Devi installare il font Courier o il font Courier New"));
-            QCOMPARE(m.titolo, QString());
-        }
-        QVERIFY(p_.eventi.isEmpty());
-    }
-
-    // Lines 1..10 from 2000 by 400, then a gap: line 11 at 9000.
-    void esercizio_data()
-    {
-        QTest::addColumn<int>("righe");
+        QTest::addColumn<int>("numero");
         QTest::addColumn<int>("ridotta");
-        QTest::addColumn<QString>("font");
-        QTest::addColumn<int>("stampate");
-        QTest::newRow("10 lines") << 10 << 0 << "Courier New" << 10;
-        QTest::newRow("20 lines") << 20 << 0 << "Courier New" << 20;
-        QTest::newRow("30 lines") << 30 << 0 << "Courier New" << 30;
-        QTest::newRow("20 lines, reduced") << 20 << 1 << "Courier New" << 10;
-        QTest::newRow("reduced flag 2 is not 1") << 20 << 2 << "Courier New" << 20;
-        QTest::newRow("only Courier") << 20 << 0 << "Courier" << 20;
-        QTest::newRow("no lines") << 0 << 0 << "Courier New" << 0;
+        QTest::addColumn<QStringList>("righe");
+        QTest::addColumn<QByteArray>("byte");
+        QTest::newRow("signs, no lines") << -3 << -1 << QStringList{"unsaved"} << QByteArray("-3 -1 \r\n");
+        QTest::newRow("lines as they stand, one byte a character")
+            << 3 << 1 << QStringList{"   1 h = 1,5", "x, \"y\"", QString::fromUtf8("unità € è"), "unsaved"}
+            << QByteArray(" 3  1 \r\n   1 h = 1,5\r\nx, \"y\"\r\nunit\xe0 \x80 \xe8\r\n");
+        QTest::newRow("largest, nothing previewed")
+            << 60 << 32767 << QStringList() << QByteArray(" 60  32767 \r\n") + QByteArray(60, '\r').replace("\r", "\r\n");
     }
-    void esercizio()
+    void salva()
     {
-        QFETCH(int, righe);
+        QFETCH(int, numero);
         QFETCH(int, ridotta);
-        QFETCH(QString, font);
-        QFETCH(int, stampate);
-        p_.fonts = {"Arial", font};
-        s_.record.NumeroEsercizio = qint16(righe);
+        QFETCH(QStringList, righe);
+        s_.record.NumeroEsercizio = qint16(numero);
         s_.fogli.StampaRidotta = qint16(ridotta);
-        StampaEsercizio(s_);
-
-        // The instruction goes on the device's next line, back at x 1000.
-        QStringList attese{"1000 1000 " + font + " 16 |SCUOLA ELEMENTARE DI |",
-                           "1000 1384 " + font + " 16 |Componi i seguenti valori|"};
-        const int y[] = {2000, 2400, 2800, 3200, 3600, 4000, 4400, 4800, 5200, 5600};
-        for (int i = 1; i <= stampate; ++i)
-            attese << QStringLiteral("1000 %1 %2 10b |esercizio %3|").arg(i <= 10 ? y[i - 1] : 9000 + (i - 11) * 400).arg(font).arg(i);
-        QCOMPARE(descrivi(p_.stampe()), attese);
-        QCOMPARE(p_.eventi.last().tipo, FakePrinter::Tipo::FineDocumento);
-        QCOMPARE(p_.documentiFiniti, 1);
-        QCOMPARE(p_.nomeDocumento, QStringLiteral("compEsercizio"));
-        QCOMPARE(s_.fogli.NumeroOperazioni, qint16(righe + 1)); // the record file counts on it
-    }
-
-    void esercizioErrori()
-    {
-        s_.record.NumeroEsercizio = 20;
-        p_.erroreFine = true;
-        QVERIFY_THROWS_EXCEPTION(ErroreStampa, StampaEsercizio(s_));
-        QCOMPARE(p_.stampe().size(), 22);
-        init();
-        s_.record.NumeroEsercizio = 61;
-        QVERIFY_THROWS_EXCEPTION(ErroreIntervallo, StampaEsercizio(s_));
-        QCOMPARE(p_.stampe().size(), 62);
-        QCOMPARE(p_.documentiFiniti, 0);
-    }
-
-    // Blocks start at 2000, 6400 and 10900; the header's font carries on.
-    void scheda_data()
-    {
-        QTest::addColumn<int>("tipo");
-        QTest::addColumn<int>("righe");
-        QTest::addColumn<QString>("font");
-        QTest::addColumn<int>("dimensione");
-        QTest::newRow("pupils, 10") << 1 << 10 << "Courier New" << 12;
-        QTest::newRow("pupils, 20") << 1 << 20 << "Courier New" << 12;
-        QTest::newRow("pupils, 30") << 1 << 30 << "Courier New" << 12;
-        QTest::newRow("teachers, 30") << 2 << 30 << "Courier New" << 10;
-        QTest::newRow("printer has only Courier") << 1 << 30 << "Courier" << 12;
-    }
-    void scheda()
-    {
-        QFETCH(int, tipo);
-        QFETCH(int, righe);
-        QFETCH(QString, font);
-        QFETCH(int, dimensione);
-        p_.fonts = {font};
-        p_.grassetto = true; // as an exercise printout leaves it
-        s_.fogli.NumeroOperazioni = qint16(righe);
-        StampaScheda(s_, qint16(tipo), QStringLiteral("Trova il numero"), QStringLiteral("Simboli ordinati"));
-
-        QStringList attese{"1000 900 Courier New 13 |Classe          Nome e cognome                     |",
-                           "1000 1300 Courier New 12 |Trova il numero        Simboli ordinati|",
-                           "1000 1500 Courier New 12 ||"};
-        for (int k = 1; k <= righe; ++k)
-            attese << QStringLiteral("1000 %1 Courier New %2 |scheda %3|")
-                          .arg((k - 1) % 10 * 400 + (k <= 10 ? 2000 : k <= 20 ? 6400 : 10900)).arg(dimensione).arg(k);
-        QCOMPARE(descrivi(p_.stampe()), attese);
-        QCOMPARE(p_.documentiFiniti, 1);
-        QCOMPARE(p_.nomeDocumento, QStringLiteral("compScheda"));
+        s_.fogli.RigheScheda.fill({});
+        for (int i = 0; i < righe.size(); ++i)
+            s_.fogli.RigheScheda[std::size_t(i + 1)] = righe[i];
+        scrivi("old file, longer than the new one................................");
+        SalvaEsercizio(s_); // the exercise's own lines (RigheEsercizio) are never saved
+        QFile f(dat_);
+        QVERIFY(f.open(QIODevice::ReadOnly));
+        QTEST(f.readAll(), "byte");
+        QCOMPARE(s_.fogli.NumeroOperazioni, qint16(qMax(numero, 0) + 1));
         QVERIFY(box_.mostrati.isEmpty());
     }
 
-    void schedaErrori_data()
+    // A folder under the file's name cannot be replaced: the user is told.
+    void salvaFallito()
     {
-        QTest::addColumn<int>("riuscite");
-        QTest::addColumn<bool>("erroreFine");
-        QTest::addColumn<int>("righe");
-        QTest::newRow("fails on the header") << 0 << false << 30;
-        QTest::newRow("fails mid page") << 17 << false << 30;
-        QTest::newRow("fails sending the page") << -1 << true << 30;
-        QTest::newRow("more lines than the buffer") << -1 << false << 61;
+        QVERIFY(QDir().mkdir(dat_));
+        s_.record.NumeroEsercizio = 2;
+        SalvaEsercizio(s_);
+        QCOMPARE(box_.mostrati.size(), 1);
+        QVERIFY(box_.mostrati[0].testo.contains(dat_));
     }
-    void schedaErrori()
+
+    void carica_data()
     {
-        QFETCH(int, riuscite);
-        QFETCH(bool, erroreFine);
+        QTest::addColumn<QByteArray>("file"); // null: no file; "/": a folder in its place
+        QTest::addColumn<int>("contatore");   // NumeroOperazioni before the load
+        QTest::addColumn<int>("numero");
+        QTest::addColumn<int>("ridotta");
+        QTest::addColumn<Righe>("righe");     // none: the load failed
+        QTest::newRow("lines land at the counter; commas split, quotes keep them")
+            << QByteArray(" 2  1 \r\n uno \r\n\r\n  \"a, b\" tail,c") << 21 << 2 << 1
+            << Righe{{21, "uno "}, {22, ""}, {23, "a, b"}, {24, "c"}};
+        QTest::newRow("numbers split by a comma, LF ends") << QByteArray("3,1\nx\n") << 1 << 3 << 1 << Righe{{1, "x"}};
+        QTest::newRow("one byte a character, past 60 skipped")
+            << QByteArray(" 9  0 \r\nunit\xe0 \x80\r\nb\r\nc\r\n") << 59 << 9 << 0 << Righe{{59, QString::fromUtf8("unità €")}, {60, "b"}};
+        QTest::newRow("missing file") << QByteArray() << 1 << 7 << 3 << Righe{};
+        QTest::newRow("folder in its place") << QByteArray("/") << 1 << 7 << 3 << Righe{};
+        QTest::newRow("one number only") << QByteArray(" 12 \r\n") << 1 << 12 << 3 << Righe{};
+        QTest::newRow("beyond 16 bits") << QByteArray(" 40000  0 \r\n") << 1 << 7 << 3 << Righe{};
+    }
+    void carica()
+    {
+        QFETCH(QByteArray, file);
+        QFETCH(int, contatore);
+        if (file == "/")
+            QVERIFY(QDir().mkdir(dat_));
+        else if (!file.isNull())
+            scrivi(file);
+        s_.record.NumeroEsercizio = 7;
+        s_.fogli.StampaRidotta = 3;
+        s_.fogli.NumeroOperazioni = qint16(contatore);
+        Righe r;
+        CaricaEsercizio(s_, [&](int i, const QString &t) { r.append({i, t}); });
+        QTEST(int(s_.record.NumeroEsercizio), "numero");
+        QTEST(int(s_.fogli.StampaRidotta), "ridotta");
+        QTEST(r, "righe");
+        for (const auto &[i, t] : r)
+            QCOMPARE(s_.fogli.RigheScheda[std::size_t(i)], t);
+        QCOMPARE(box_.mostrati.size(), r.isEmpty() ? 1 : 0);
+        if (r.isEmpty()) {
+            QCOMPARE(box_.mostrati[0].testo, QStringLiteral("Nessun esercizio eseguito presente"));
+            QCOMPARE(s_.fogli.NumeroOperazioni, qint16(contatore));
+        }
+    }
+
+    // The font is the first of "Courier New" and "Courier" the printer lists,
+    // by exact name; with neither, nothing is printed and the user is told.
+    void stampe_data()
+    {
+        QTest::addColumn<int>("tipo"); // 0 the exercise, 1 pupils' worksheet, 2 teachers'
+        QTest::addColumn<int>("righe");
+        QTest::addColumn<int>("ridotta");
+        QTest::addColumn<QStringList>("fonts");
+        QTest::addColumn<QString>("font");
+        QTest::addColumn<int>("stampate");
+        const QStringList cn{"Arial", "Courier New"}, simili{"courier new", "COURIER", "Courier ", " Courier New",
+                                                              "Courier New Bold", "Courier 10 Pitch", "DejaVu Sans Mono"};
+        QTest::newRow("exercise, 10") << 0 << 10 << 0 << cn << "Courier New" << 10;
+        QTest::newRow("exercise, 20 reduced") << 0 << 20 << 1 << cn << "Courier New" << 10;
+        QTest::newRow("exercise, 30, flag 2 is not reduced") << 0 << 30 << 2 << QStringList{"Courier", "Arial", "Courier New"} << "Courier" << 30;
+        QTest::newRow("exercise, no font") << 0 << 20 << 0 << simili << "" << 0;
+        QTest::newRow("pupils, 10") << 1 << 10 << 0 << cn << "Courier New" << 10;
+        QTest::newRow("teachers, 20") << 2 << 20 << 0 << QStringList{"Courier New", "Courier"} << "Courier New" << 20;
+        QTest::newRow("pupils, 30, Courier") << 1 << 30 << 0 << QStringList{"Courier"} << "Courier" << 30;
+        QTest::newRow("pupils, no font") << 1 << 30 << 0 << simili << "" << 0;
+    }
+    void stampe()
+    {
+        QFETCH(int, tipo);
         QFETCH(int, righe);
-        p_.stampeRiuscite = riuscite;
-        p_.erroreFine = erroreFine;
-        s_.fogli.NumeroOperazioni = qint16(righe);
+        QFETCH(int, ridotta);
+        QFETCH(QStringList, fonts);
+        QFETCH(QString, font);
+        QFETCH(int, stampate);
+        p_.fonts = fonts;
+        s_.record.NumeroEsercizio = s_.fogli.NumeroOperazioni = qint16(righe);
+        s_.fogli.StampaRidotta = qint16(ridotta);
+        const bool es = tipo == 0;
+        p_.grassetto = !es; // a worksheet finds bold on, as an exercise printout leaves it
+        es ? StampaEsercizio(s_) : StampaScheda(s_, qint16(tipo), QStringLiteral("Trova il numero"), QStringLiteral("Simboli ordinati"));
+        if (font.isEmpty()) {
+            QCOMPARE(box_.mostrati.size(), 1);
+            QCOMPARE(box_.mostrati[0].testo, QStringLiteral("Devi installare il font Courier o il font Courier New"));
+            QCOMPARE(box_.mostrati[0].titolo, QString());
+            QVERIFY(p_.eventi.isEmpty());
+            return;
+        }
+        QStringList attese; // "x y font size[b] |text|"
+        if (es) // the instruction goes on the device's next line, back at x 1000
+            attese << "1000 1000 " + font + " 16 |SCUOLA ELEMENTARE DI |" << "1000 1384 " + font + " 16 |Componi i seguenti valori|";
+        else
+            attese << "1000 900 Courier New 13 |Classe          Nome e cognome                     |"
+                   << "1000 1300 Courier New 12 |Trova il numero        Simboli ordinati|" << "1000 1500 Courier New 12 ||";
+        for (int k = 1; k <= stampate; ++k)
+            attese << QStringLiteral("1000 %1 %2 %3 |%4|").arg(yRiga(tipo, k))
+                          .arg(es ? font : QStringLiteral("Courier New"), es ? "10b" : tipo == 1 ? "12" : "10", riga(es ? 'E' : 'S', k));
+        QStringList fatte;
+        for (const auto &e : p_.stampe())
+            fatte << QStringLiteral("%1 %2 %3 %4%5 |%6|").arg(e.x).arg(e.y).arg(e.font).arg(e.dimensione).arg(e.grassetto ? "b" : "", e.testo);
+        QCOMPARE(fatte, attese);
+        QCOMPARE(p_.eventi.last().tipo, FakePrinter::Tipo::FineDocumento);
+        QCOMPARE(p_.documentiFiniti, 1);
+        QCOMPARE(p_.nomeDocumento, es ? QStringLiteral("provaEsercizio") : QStringLiteral("provaScheda"));
+        QCOMPARE(s_.fogli.NumeroOperazioni, qint16(righe + es)); // the record file counts on where it stops
+        QVERIFY(box_.mostrati.isEmpty());
+    }
+
+    // A worksheet tells the user of any failure (here a line past the buffer)
+    // and leaves its lines alone; the exercise leaves printer errors to the
+    // screen's event boundary.
+    void errori()
+    {
+        s_.fogli.NumeroOperazioni = 61;
         const auto prima = s_.fogli.RigheScheda;
         StampaScheda(s_, 1, "a", "b");
         QCOMPARE(box_.mostrati.size(), 1);
         QCOMPARE(box_.mostrati[0].testo, QStringLiteral("Problema di stampa nella stampante utilizzata."));
         QCOMPARE(p_.documentiFiniti, 0);
-        QCOMPARE(s_.fogli.NumeroOperazioni, qint16(righe));
+        QCOMPARE(s_.fogli.NumeroOperazioni, qint16(61));
         QVERIFY(s_.fogli.RigheScheda == prima);
+        s_.record.NumeroEsercizio = 20;
+        p_.erroreFine = true;
+        QVERIFY_THROWS_EXCEPTION(ErroreStampa, StampaEsercizio(s_));
+    }
+
+    // The real device writing a PDF: each line within a point of its twips
+    // from the printable area's corner.
+    void paginaPdf()
+    {
+        if (QStandardPaths::findExecutable(QStringLiteral("pdftotext")).isEmpty())
+            QSKIP("pdftotext (poppler-utils) is not installed");
+        QtPrinter qt;
+        QString pdf;
+        qt.setSoloPdf(true);
+        qt.setApriPdf([&](const QString &f) { pdf = f; });
+        s_.servizi.stampante = &qt;
+        s_.record.NumeroEsercizio = 20;
+        StampaEsercizio(s_);
+        QCOMPARE(pdf, QDir::current().absoluteFilePath(QStringLiteral("provaEsercizio.pdf")));
+
+        QProcess pt;
+        pt.start(QStringLiteral("pdftotext"), {QStringLiteral("-bbox"), pdf, QStringLiteral("-")});
+        QVERIFY(pt.waitForFinished(30000));
+        static const QRegularExpression re(QStringLiteral(R"re(<word xMin="([\d.]+)" yMin="([\d.]+)"[^>]*>([^<]*)</word>)re"));
+        QMap<QString, QPointF> trovate; // first place of each word, points from the page's top-left
+        for (const auto &m : re.globalMatch(QString::fromUtf8(pt.readAllStandardOutput())))
+            if (!trovate.contains(m.captured(3)))
+                trovate.insert(m.captured(3), {m.captured(1).toDouble(), m.captured(2).toDouble()});
+        QPrinter pr(QPrinter::HighResolution);
+        pr.setOutputFormat(QPrinter::PdfFormat);
+        const QPointF origine = pr.pageLayout().paintRect(QPageLayout::Point).topLeft();
+        QMap<QString, QPointF> attesi{{"SCUOLA", {1000, 1000}}}; // twips
+        for (int k = 1; k <= 20; ++k)
+            attesi.insert(riga('E', k), QPointF(1000, yRiga(0, k)));
+        for (auto it = attesi.cbegin(); it != attesi.cend(); ++it) {
+            const QPointF d = trovate.value(it.key(), {-1e6, -1e6}) - origine - it.value() / 20.0; // missing: far off
+            QVERIFY2(qAbs(d.x()) <= 1 && qAbs(d.y()) <= 1, qPrintable(QStringLiteral("%1 off by (%2, %3) pt").arg(it.key()).arg(d.x()).arg(d.y())));
+        }
+        // The second header line follows the first by one line of the device.
+        QVERIFY(trovate["Componi"].y() - trovate["SCUOLA"].y() > 14);
+    }
+
+    // The first combo click of the run comes from the screen's own opening
+    // and only arms a flag; from the next opening on it is a real choice.
+    void sceltaStampante()
+    {
+        const QString predefinita = QStringLiteral("La stampante predefinita è \r\n"), scelta = QStringLiteral("La stampante scelta è \r\n");
+        p_.stampanti = {"Ufficio", "Aula 2", "PDF"};
+        {
+            frmSceltaStampante f(s_);
+            QCOMPARE(f.Label1->text() + f.Label2->text(), predefinita + "PDF"); // nothing chosen
+            for (int i : {2, 1}) {
+                f.Combo1->setCurrentIndex(i);
+                emit f.Combo1->activated(i);
+            }
+            QCOMPARE(p_.corrente, QStringLiteral("Aula 2"));
+            QCOMPARE(f.Label2->text(), scelta + "Aula 2");
+            QTest::mouseClick(f.Command2, Qt::LeftButton);
+            QCOMPARE(schermi_.chiamate, (QList{qMakePair(QStringLiteral("chiudi"), Schermo::SceltaStampante)}));
+        }
+        frmSceltaStampante f(s_);
+        QCOMPARE(f.Label1->text() + f.Label2->text(), predefinita + "Ufficio" + scelta + "Ufficio");
+    }
+
+    // kind -> order -> count -> order again -> preview -> print -> exit
+    void schede_data()
+    {
+        QTest::addColumn<bool>("tastiera");
+        QTest::addColumn<int>("tipo");
+        QTest::addColumn<int>("ordine");
+        QTest::addColumn<int>("conteggio");
+        QTest::addColumn<QString>("chi");
+        QTest::addColumn<bool>("guasto"); // the printer fails sending the page
+        QTest::newRow("mouse: numero, ordinati, 10, alunni") << false << 0 << 0 << 0 << "Alunni" << false;
+        QTest::newRow("mouse: simbolo, non ordinati, 20, docenti") << false << 1 << 1 << 1 << "Docenti" << false;
+        QTest::newRow("tasti: numero o simbolo, misti, 30, docenti") << true << 2 << 2 << 2 << "Docenti" << false;
+        QTest::newRow("tasti: simbolo, ordinati, 10, alunni, guasto") << true << 1 << 0 << 0 << "Alunni" << true;
+    }
+    void schede()
+    {
+        QFETCH(bool, tastiera);
+        QFETCH(int, tipo);
+        QFETCH(int, ordine);
+        QFETCH(int, conteggio);
+        QFETCH(QString, chi);
+        QFETCH(bool, guasto);
+        const QStringList tipi{"Trova il numero", "Trova il simbolo", "Trova il numero o il simbolo"};
+        const QStringList ordini{"Simboli ordinati", "Simboli non ordinati", "Simboli ordinati e non ordinati"};
+        p_.erroreFine = guasto;
+        w_ = std::make_unique<FrmStampaSchedeTre>(s_);
+        w_->show();
+        QVERIFY(QTest::qWaitForWindowActive(w_.get()));
+        QCOMPARE(s_.fogli.NumeroOperazioni, qint16(30));
+        QCOMPARE(ctl<QPushButton>("Option2(0)")->text(), QStringLiteral(" k     h   da  u "));
+        QCOMPARE(ctl<QPushButton>("Option2(1)")->text(), QStringLiteral(" u   da  h     k "));
+        QVERIFY(!ctl("Frame7")->isEnabled() && !ctl("Frame1")->isEnabled() && !ctl("CmdStampaSchedaAlunni")->isVisible());
+
+        scegli("Option1", tipo, tastiera); // the keys start from Option1(0), which has the focus
+        QCOMPARE(s_.settings.TipoEsercizio, qint16(tipo + 1));
+        QCOMPARE(testo("Label1"), tipi.at(tipo));
+        QCOMPARE(sfondo(QStringLiteral("Label3(%1)").arg(tipo)), QColor(Qt::red));
+        QCOMPARE(sfondo(QStringLiteral("Label3(%1)").arg((tipo + 1) % 3)), QColor(255, 224, 192));
+
+        scegli("Option2", ordine, tastiera);
+        QCOMPARE(s_.settings.OrdineSimboli, qint16(ordine + 1));
+        QCOMPARE(testo("Label2"), ordini.at(ordine));
+        QCOMPARE(sfondo(QStringLiteral("Label4(%1)").arg(ordine)), QColor(Qt::red));
+        QVERIFY(ctl("Frame1")->isEnabled());
+
+        const int n = (conteggio + 1) * 10;
+        premiTasto(QStringLiteral("Opt1(%1)").arg(conteggio), tastiera);
+        QCOMPARE(s_.fogli.NumeroOperazioni, qint16(n));
+        QCOMPARE(testo("LblOp(1)"), QStringLiteral(" "));
+
+        // A new order makes a full sheet again, whatever the count.
+        s_.record.RigheEsercizio.fill(QStringLiteral("vecchia"));
+        QTest::mouseClick(ctl(QStringLiteral("Option2(%1)").arg(ordine)), Qt::LeftButton);
+        QVERIFY(s_.record.riga(30) != QLatin1String("vecchia"));
+        QCOMPARE(s_.record.riga(31), QStringLiteral("vecchia"));
+
+        premiTasto("CmdVisualizzaScheda" + chi, tastiera);
+        QVERIFY(ctl("CmdStampaScheda" + chi)->isVisible() && !ctl(chi == "Alunni" ? "CmdStampaSchedaDocenti" : "CmdStampaSchedaAlunni")->isVisible());
+        const auto &fonte = chi == "Alunni" ? s_.record.RigheEsercizio : s_.fogli.RigheDocenti;
+        for (int k = 1; k <= 30; ++k)
+            QCOMPARE(testo(QStringLiteral("LblOp(%1)").arg(k)), k <= n ? fonte[std::size_t(k)] : QStringLiteral(" "));
+
+        premiTasto("CmdStampaScheda" + chi, tastiera);
+        const auto st = p_.stampe();
+        QCOMPARE(st.size(), 3 + n);
+        QCOMPARE(st.at(1).testo, tipi.at(tipo) + "        " + ordini.at(ordine));
+        for (int k = 1; k <= n; k += 10)
+            QVERIFY(st.at(2 + k).testo == fonte[std::size_t(k)] && st.at(2 + k).dimensione == (chi == "Alunni" ? 12 : 10));
+        QCOMPARE(p_.documentiFiniti, guasto ? 0 : 1);
+        QCOMPARE(box_.mostrati.size(), guasto ? 1 : 0);
+        if (guasto)
+            QCOMPARE(box_.mostrati[0].testo, QStringLiteral("Problema di stampa nella stampante utilizzata."));
+        QCOMPARE(testo("LblOp(1)"), fonte[1]); // the preview stays
+
+        premiTasto("cmdEsci", tastiera);
+        QCOMPARE(schermi_.chiamate, (QList{qMakePair(QStringLiteral("chiudi"), Schermo::Schede)}));
     }
 };
 
-QTEST_GUILESS_MAIN(TestStampa)
+QTEST_MAIN(TestStampa)
 #include "tst_stampa.moc"

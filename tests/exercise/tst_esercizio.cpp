@@ -1,0 +1,290 @@
+// The exercise screen driven as a pupil drives it, by mouse, keys or one
+// switch, and checked against the record line each item leaves.
+#include "content/catalogo.h"
+#include "exercise/calcolaspazi.h"
+#include "exercise/frmoperativo.h"
+#include "fakes/fakes.h"
+#include "settings/stato.h"
+#include "ui/rigaopzioni.h"
+
+#include <QApplication>
+#include <QLabel>
+#include <QPushButton>
+#include <QRegularExpression>
+#include <QTest>
+#include <memory>
+
+namespace {
+
+QString b(int n) { return QString(n, QLatin1Char(' ')); }
+
+// With every draw at 0 on topic 3 ordered, each item is template 13 with
+// counts of 1: " 1 k    1 h " = 11 hundreds. Its lines start the same way.
+const QString kInizioNumero = b(19) + " 1 k    1 h  = " + b(6) + "h";
+const QString kInizioSimbolo = b(19) + " 1 k    1 h  = " + b(5) + "11";
+const QString kGiusto = QStringLiteral("t1 t1 tV tR"); // "11", typed
+const QList<int> kInizioTastierino{0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10};
+
+struct Banco {
+    FakeClock clock;
+    FakeRandom random;
+    FakeSound suono;
+    FakeScreens schermi;
+    Stato stato;
+    std::unique_ptr<frmOperativo> w;
+
+    explicit Banco(qint16 tipo, std::deque<double> valori = {})
+    {
+        random.valori = std::move(valori);
+        stato.servizi = {&clock, &random, nullptr, &suono, nullptr, &schermi};
+        SceltaSimboli(3, stato.topic, stato.titoli);
+        stato.settings.TipoEsercizio = tipo;
+        stato.settings.OrdineSimboli = 1;
+        stato.settings.ValoreMassimo = 9;
+        w = std::make_unique<frmOperativo>(stato);
+        w->show();
+        QVERIFY(QTest::qWaitForWindowActive(w.get()));
+    }
+    QWidget *c(const QString &nome) const { return w->findChild<QWidget *>(nome); }
+    QString testo(const QString &nome) const { return w->findChild<QLabel *>(nome)->text(); }
+    QString riga(int i) const { return stato.record.RigheEsercizio[std::size_t(i)]; }
+    static QString fuoco() { return QApplication::focusWidget()->objectName(); }
+    static void tasto(Qt::Key k) { QTest::keyClick(QApplication::focusWidget(), k); }
+    // What a pupil does, step by step, separated by blanks:
+    //   c<key>     mouse click on a key: its name, or a bare number for the keypad's
+    //   s<key>     Space up to the key, then Enter (one switch)
+    //   t<char>    a typed key: a digit, ",", a letter, B(ackspace), D(elete), R(eturn), _ (space)
+    //   +<secs>    time passes
+    void esegui(const QString &passi)
+    {
+        static const QHash<QChar, Qt::Key> speciali{{u',', Qt::Key_Comma}, {u'B', Qt::Key_Backspace},
+                                                    {u'D', Qt::Key_Delete}, {u'R', Qt::Key_Return},
+                                                    {u'_', Qt::Key_Space}};
+        for (const QString &p : passi.split(u' ', Qt::SkipEmptyParts)) {
+            const QString resto = p.mid(1);
+            const QString nome = resto.front().isDigit() ? "Option2(" + resto + ")" : resto;
+            if (p.startsWith(u'c')) {
+                QTest::mouseClick(c(nome), Qt::LeftButton);
+            } else if (p.startsWith(u's')) {
+                for (int i = 0; i < 20 && fuoco() != nome; ++i)
+                    tasto(Qt::Key_Space);
+                QCOMPARE(fuoco(), nome);
+                tasto(Qt::Key_Return);
+            } else if (p.startsWith(u'+')) {
+                clock.adesso += resto.toDouble();
+            } else {
+                tasto(speciali.value(resto.front(), Qt::Key(resto.front().unicode())));
+            }
+        }
+    }
+    QList<int> abilitati() const // on the keypad
+    {
+        QList<int> si;
+        for (int i = 0; i < w->tastierino()->count(); ++i)
+            if (w->tastierino()->bottone(i)->isEnabled())
+                si << i;
+        return si;
+    }
+};
+
+} // namespace
+
+class TstEsercizio : public QObject
+{
+    Q_OBJECT
+private slots:
+    void rientri();
+    void voce_data();
+    void voce();
+    void inserimento_data();
+    void inserimento();
+    void aiuto_data();
+    void aiuto();
+    void esercizioCompletoERicomincia();
+    void tipoMisto();
+    void tastoAOltreLeRighe();
+    void uscita();
+};
+
+// The given part of a line is right-aligned in 7 columns, its blanks trimmed;
+// a one-digit number has always printed unaligned.
+void TstEsercizio::rientri()
+{
+    QCOMPARE(RientroSimbolo(" u "), b(6));
+    QCOMPARE(RientroNumero(" u "), QString());
+    QCOMPARE(RientroNumero(" dam "), b(4));
+}
+
+// One item answered right by mouse, keyboard or switch alone.
+void TstEsercizio::voce_data()
+{
+    QTest::addColumn<int>("tipo");
+    QTest::addColumn<QString>("passi");
+    QTest::addColumn<QString>("riga");
+
+    const QString simbolo = kInizioSimbolo + b(53) + "h  (sec.   7)";
+    QTest::newRow("number by switch") << 1 << "+7.5 s1 tR s12" << kInizioNumero + b(52) + "11  (sec.   7)";
+    // A symbol key's own blanks do not reach the line.
+    QTest::newRow("symbol by mouse, wrong first")
+        << 2 << "+7 cOption1(0) cOption1(2) cOption1(4) cOption3(1) cOption1(1) cOption1(4)"
+        << kInizioSimbolo + b(9) + "da*" + b(41) + "h  (sec.   7)";
+    // "V" waits for "Avanti" on the symbol pad, so the keys step to "Verifica".
+    QTest::newRow("symbol by keys") << 2 << "+7 t1 tR tV t_ t_ t_ tR" << simbolo;
+    QTest::newRow("symbol by switch") << 2 << "+7 sOption1(1) sOption1(4)" << simbolo;
+}
+
+void TstEsercizio::voce()
+{
+    QFETCH(int, tipo);
+    QFETCH(QString, passi);
+    QFETCH(QString, riga);
+    Banco t{qint16(tipo)};
+    t.esegui(passi);
+    QCOMPARE(t.riga(1), riga);
+    QCOMPARE(t.testo("LblEsito"), QStringLiteral("Esatto"));
+    QCOMPARE(t.testo("lblRisEsatte"), QStringLiteral("1"));
+    QCOMPARE(t.suono.suonati, 1);
+}
+
+// Answer entry on the keypad: what is shown, where the focus stays, and which
+// keys are usable. Clicked digits stop at 9 characters, typed ones at 7.
+void TstEsercizio::inserimento_data()
+{
+    QTest::addColumn<QString>("passi");
+    QTest::addColumn<QString>("mostrato");
+    QTest::addColumn<int>("fuoco"); // on the keypad
+    QTest::addColumn<QList<int>>("abilitati");
+
+    const QList<int> conVerifica = kInizioTastierino + QList<int>{11, 12};
+    QTest::newRow("typed comma on empty refused") << "t1 tB t," << "?" << 0 << kInizioTastierino;
+    QTest::newRow("clicked comma on empty, once") << "c10 c10 c5" << "0,5" << 5 << conVerifica;
+    QTest::newRow("decimals not regrouped") << "c1 c2 c3 c4 c10 c5 c6 c7" << "1.234,567" << 7 << conVerifica;
+    QTest::newRow("clicked tenth character dropped") << "c1 c2 c3 c4 c5 c6 c7 c8 c9" << "12.345.67" << 9 << conVerifica;
+    // The comma falls past the 9th character: what follows is still grouped.
+    QTest::newRow("digit after a cut comma") << "c1 c2 c3 c4 c5 c6 c7 c10 c8" << "12.345.67" << 8 << conVerifica;
+    QTest::newRow("typed eighth character dropped") << "t1 t2 t3 t4 t5 t6 t7 t8" << "123.458" << 0 << conVerifica;
+    QTest::newRow("cancel regroups") << "t1 t2 t3 t4 tB" << "123" << 0 << conVerifica;
+    QTest::newRow("cancelled comma may come again") << "t1 t, tB t," << "1," << 0 << conVerifica;
+    QTest::newRow("delete keeps a comma still there") << "t1 t, t2 t5 tD" << "1,2" << 0 << conVerifica;
+    QTest::newRow("cancel to empty, then on empty") << "t5 tB tB" << "?" << 0 << kInizioTastierino;
+}
+
+void TstEsercizio::inserimento()
+{
+    QFETCH(QString, passi);
+    QFETCH(QString, mostrato);
+    QFETCH(int, fuoco);
+    QFETCH(QList<int>, abilitati);
+    Banco t(1);
+    t.esegui(passi);
+    QCOMPARE(t.testo("LblRisultato"), mostrato);
+    QCOMPARE(t.fuoco(), QStringLiteral("Option2(%1)").arg(fuoco));
+    QCOMPARE(t.abilitati(), abilitati);
+}
+
+// Wrong answers, help, retries and the intervention: the line and the counts.
+void TstEsercizio::aiuto_data()
+{
+    QTest::addColumn<QString>("passi");
+    QTest::addColumn<QString>("riga");
+    QTest::addColumn<int>("errate");
+
+    QTest::newRow("wrong, then SI") << "+3 t1 c12 tR" << kInizioNumero + b(10) + "1*" + b(40) + "^11 (sec.   3)" << 2;
+    QTest::newRow("wrong, NO, right") << "+4 t2 s12 tN tR " + kGiusto
+                                      << kInizioNumero + b(10) + "2*" + b(40) + "11  (sec.   4)" << 1;
+    QTest::newRow("three NO, then OK")
+        << "+5 t1 s12 sOption3(1) t2 s12 sOption3(1) t3 s12 t2 tR tR"
+        << kInizioNumero + b(10) + "1*" + b(10) + "2*" + b(10) + "3*" + b(16) + "^11 (sec.   5)" << 4;
+}
+
+void TstEsercizio::aiuto()
+{
+    QFETCH(QString, passi);
+    QFETCH(QString, riga);
+    QFETCH(int, errate);
+    Banco t(1);
+    t.esegui("t7 tV tR");
+    QCOMPARE(t.testo("LblEsito"), QStringLiteral("Errato"));
+    QVERIFY(!t.c("Line1")->isHidden() && !t.c("LineA2")->isHidden());
+    t.esegui("tN tR"); // retry: back to the keypad as at the start
+    QCOMPARE(t.testo("LblRisultato"), QStringLiteral("?"));
+    QVERIFY(t.c("Line1")->isHidden() && t.c("LineA2")->isHidden());
+    QCOMPARE(t.abilitati(), kInizioTastierino);
+
+    // The same from a fresh item, as the row tells it.
+    t.stato.record.NumeroEsercizio = 0;
+    t.w->NuovoEsercizio();
+    t.esegui(passi);
+    QCOMPARE(t.riga(1), riga);
+    QCOMPARE(t.w->risposteErrate() - 1, errate); // one wrong answer before the row
+    QCOMPARE(t.riga(1).contains(u'^'), t.abilitati() == (QList<int>{13, 14}));
+}
+
+// Every item takes 150 s: each line shows 99, the total stops at 999.
+void TstEsercizio::esercizioCompletoERicomincia()
+{
+    Banco t(1);
+    for (int n = 1; n <= 20; ++n) {
+        QCOMPARE(t.testo("LblOperazione"), QString::number(n));
+        t.esegui("+150 " + kGiusto);
+        QCOMPARE(t.riga(n), kInizioNumero + b(52) + "11  (sec.  99)");
+        QCOMPARE(t.c("fraAvviso")->isEnabled(), n == 20);
+        if (n < 20)
+            t.esegui("s13");
+    }
+    QCOMPARE(t.testo("LblTempoTotale"), QStringLiteral("999"));
+    t.esegui("tR"); // "Stampa"
+    QCOMPARE(t.schermi.chiamate.last(), qMakePair(QStringLiteral("apri"), Schermo::StampaEsercizio));
+
+    t.esegui("soptAvviso(1)"); // "Ricomincia"
+    QCOMPARE(t.stato.record.NumeroEsercizio, qint16(1));
+    for (const char *l : {"lblRisEsatte", "lblRisErrate", "LblTempoParziale", "LblTempoTotale"})
+        QCOMPARE(t.testo(l), QString());
+    QCOMPARE(t.riga(2), kInizioNumero + b(52) + "11  (sec.  99)"); // not emptied
+    t.esegui("+1 " + kGiusto);
+    QCOMPARE(t.testo("lblRisEsatte"), QStringLiteral("21")); // counts carry on
+    QCOMPARE(t.testo("LblTempoTotale"), QStringLiteral("1"));
+}
+
+// Kind 3 draws the kind of every item after the generator's own draws.
+void TstEsercizio::tipoMisto()
+{
+    Banco t(3, {0, 0, 0, 0, 0, 0.75});
+    t.esegui("sOption1(1) sOption1(4)");
+    QCOMPARE(t.riga(1), kInizioSimbolo + b(53) + "h  (sec.   0)");
+    t.random.valori = {0, 0, 0, 0, 0, 0.25};
+    t.esegui("sOption1(5) " + kGiusto);
+    QCOMPARE(t.riga(2), kInizioNumero + b(52) + "11  (sec.   0)");
+}
+
+// "A" moves on whatever the keys say; past the record's last line the
+// handler stops and the screen goes on.
+void TstEsercizio::tastoAOltreLeRighe()
+{
+    Banco t(1);
+    while (t.stato.record.NumeroEsercizio < 60)
+        t.tasto(Qt::Key_A);
+    QCOMPARE(t.riga(60), kInizioNumero);
+    QTest::ignoreMessage(QtWarningMsg, QRegularExpression("handler stopped"));
+    t.tasto(Qt::Key_A);
+    QCOMPARE(t.testo("LblOperazione"), QStringLiteral("61"));
+    QVERIFY(t.w->isVisible());
+}
+
+// "Esci" and closing the window both go back to the start screen.
+void TstEsercizio::uscita()
+{
+    const QList<QPair<QString, Schermo>> indietro{{"apri", Schermo::Inizio}, {"chiudi", Schermo::Operativo}};
+    Banco t(1);
+    t.esegui("tE tR c14"); // "Esci" is disabled at the start of an item, to keys and mouse
+    QVERIFY(t.schermi.chiamate.isEmpty());
+    t.esegui(kGiusto + " tE tR");
+    QCOMPARE(t.schermi.chiamate, indietro);
+
+    Banco chiusa(2);
+    chiusa.w->close();
+    QCOMPARE(chiusa.schermi.chiamate, indietro);
+}
+
+QTEST_MAIN(TstEsercizio)
+#include "tst_esercizio.moc"

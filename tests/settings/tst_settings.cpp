@@ -1,0 +1,369 @@
+// The settings file, the start screen and the options panel that write it, and
+// the resizing the screens share.
+#include "fakes/cartella.h"
+#include "fakes/fakes.h"
+#include "settings/filesettings.h"
+#include "settings/frminizio.h"
+#include "settings/frmopzioni.h"
+#include "settings/stato.h"
+
+#include <QtTest>
+#include <QtWidgets>
+#include <memory>
+
+namespace {
+
+const QString kDat = QStringLiteral("composizione.dat");
+const QString kPannello = QStringLiteral("pannello.dat");
+// The eleven appearance values when the file cannot be read.
+const QString kPredefinito = QStringLiteral("12640511 8438015 328965 1 1 1 16754175 16745215 4 4 9");
+// A black page, the first variant off and the second empty: the first value even fits a level.
+const QByteArray kAspetto("0\r\n8438015\r\n328965\r\nTrue\r\nFalse\r\n\r\n16754175\r\n16745215\r\n 4\r\n 4\r\n 0\r\n");
+
+QByteArray leggi(const QString &nome)
+{
+    QFile f(nome);
+    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
+}
+
+void scrivi(const QString &nome, const QByteArray &dati)
+{
+    QFile f(nome);
+    QVERIFY(f.open(QIODevice::WriteOnly));
+    f.write(dati);
+}
+
+// The eleven appearance values in file order, "-" for an empty variant.
+QString aspetto(const Settings &s)
+{
+    const auto sn = [](const std::optional<bool> &b) { return b ? QString::number(*b) : QStringLiteral("-"); };
+    return QStringList{s.ColoreSfondo, s.ColoreRiserva, s.ColoreCaratteri, QString::number(s.BeepAttivo),
+                       sn(s.ImpostazioneA), sn(s.ImpostazioneB), s.ColoreScansioneChiaro, s.ColoreScansioneScuro,
+                       QString::number(s.IndiceSfondo), QString::number(s.IndiceScansione),
+                       QString::number(s.IndiceCaratteri)}
+        .join(' ');
+}
+
+QString fuoco() { return QApplication::focusWidget()->objectName(); }
+
+// What a user does, one step a word: RET, ENT, SPC, LEFT, a letter or a top-row
+// digit, K<digit> on the keypad, HOLD (space held for one repeat),
+// click:<control>, focus:<control>.
+void esegui(QWidget *f, const QString &script)
+{
+    static const QHash<QString, int> nomi{
+        {"RET", Qt::Key_Return}, {"ENT", Qt::Key_Enter}, {"SPC", Qt::Key_Space}, {"LEFT", Qt::Key_Left}};
+    const auto invia = [](QEvent::Type t, int key, Qt::KeyboardModifiers mod, bool ripetuto) {
+        QKeyEvent e(t, key, mod, key == Qt::Key_Space ? QStringLiteral(" ") : QString(), ripetuto);
+        QApplication::sendEvent(QApplication::focusWidget(), &e);
+    };
+    for (const QString &t : script.split(' ', Qt::SkipEmptyParts)) {
+        QWidget *w = f->findChild<QWidget *>(t.section(':', 1));
+        if (auto *r = qobject_cast<QRadioButton *>(w); r && t.startsWith("click:")) {
+            r->click();
+        } else if (t.startsWith("click:")) {
+            QTest::mouseClick(w, Qt::LeftButton);
+        } else if (t.startsWith("focus:")) {
+            w->setFocus();
+        } else if (t == "HOLD") {
+            for (int i = 0; i < 4; ++i)
+                invia(i % 2 ? QEvent::KeyRelease : QEvent::KeyPress, Qt::Key_Space, {}, i == 1 || i == 2);
+        } else {
+            const bool kp = t.size() == 2 && t[0] == 'K';
+            const QString n = kp ? t.mid(1) : t; // 'E' is Qt::Key_E, '3' is Qt::Key_3
+            for (QEvent::Type e : {QEvent::KeyPress, QEvent::KeyRelease})
+                invia(e, nomi.value(n, n[0].unicode()), kp ? Qt::KeypadModifier : Qt::NoModifier, false);
+        }
+    }
+}
+
+QString chiamate(const FakeScreens &f)
+{
+    const QStringList nomi{"Inizio", "Operativo", "Opzioni", "StampaEsercizio", "Schede", "SceltaStampante", "Autore"};
+    QStringList out;
+    for (const auto &[azione, s] : f.chiamate)
+        out << azione + ' ' + nomi[int(s)];
+    return out.join(", ");
+}
+
+} // namespace
+
+class TestSettings : public QObject
+{
+    Q_OBJECT
+    CartellaDiProva cartella_;
+    FakeScreens schermi_;
+    std::unique_ptr<Stato> stato_;
+    std::unique_ptr<QWidget> f_;
+
+    // The start screen's file is named after this executable.
+    static QString datInizio() { return QCoreApplication::applicationName() + QStringLiteral(".dat"); }
+    QString testo(const QString &nome) const { return f_->findChild<QLabel *>(nome)->text(); }
+
+    // A screen on a fresh state; the panel keeps its settings in pannello.dat.
+    template <class F> void apri()
+    {
+        f_.reset();
+        stato_ = std::make_unique<Stato>();
+        stato_->servizi.schermi = &schermi_;
+        stato_->settings.NomeFile = QStringLiteral("pannello");
+        AspettoPredefinito(stato_->settings);
+        f_ = std::make_unique<F>(*stato_);
+        f_->show();
+        QVERIFY(QTest::qWaitForWindowActive(f_.get()));
+    }
+
+private slots:
+    void initTestCase() { QVERIFY(cartella_.valida()); }
+    void init()
+    {
+        for (const QString &n : {kDat, kPannello, datInizio()})
+            QFile::remove(n);
+        QDir().rmdir(kDat);
+        schermi_.chiamate.clear();
+    }
+    void cleanup() { f_.reset(); }
+
+    // Each writer replaces the whole file with its own lines.
+    void scrittura()
+    {
+        Settings s;
+        s.NomeFile = "composizione";
+        AspettoPredefinito(s);
+        s.ColoreSfondo = "0";
+        s.ImpostazioneA = false;
+        s.ImpostazioneB = std::nullopt;
+        s.IndiceCaratteri = 0;
+        QVERIFY(ScriviImpostazioni(s));
+        QCOMPARE(leggi(kDat), kAspetto);
+        s.Livello = 3;
+        s.NumeroCifre = 2;
+        QVERIFY(ScriviLivelli(s));
+        QCOMPARE(leggi(kDat), QByteArray(" 3  2 \r\n"));
+        s.Livello = -1;
+        QVERIFY(ScriviLivelli(s));
+        QCOMPARE(leggi(kDat), QByteArray("-1  2 \r\n"));
+    }
+
+    // Either reader falls back on a file in the other's format, or on anything damaged.
+    void lettura_data()
+    {
+        QTest::addColumn<QByteArray>("file");
+        QTest::addColumn<QString>("livelli"); // level and digits read; empty: fallen back to 1 1
+        QTest::addColumn<QString>("letto");   // the eleven values read; empty: the defaults
+        QTest::newRow("no file") << QByteArray() << "" << "";
+        QTest::newRow("a folder in its place") << QByteArray("<folder>") << "" << "";
+        QTest::newRow("levels line") << QByteArray(" 3  2 \r\n") << "3 2" << "";
+        QTest::newRow("appearance lines") << kAspetto << "" << "0 8438015 328965 1 0 - 16754175 16745215 4 4 0";
+        QTest::newRow("LF line ends") << QByteArray("16777215\n8438015\n328965\nFalse\nTrue\nTrue\n1\n2\n 3\n 4\n 9\n")
+                                      << "" << "16777215 8438015 328965 0 1 1 1 2 3 4 9";
+        QTest::newRow("commas") << QByteArray("0,8438015,328965,True,True,True,1,2,3,4,5") << ""
+                                << "0 8438015 328965 1 1 1 1 2 3 4 5";
+        QTest::newRow("blanks around") << QByteArray("  255 \r\n 1\r\n2\r\n true \r\n0\r\n1\r\n3\r\n4\r\n 10 \r\n0\r\n0")
+                                       << "255 1" << "255 1 2 1 0 1 3 4 10 0 0";
+        QTest::newRow("ten lines") << QByteArray("1\n2\n3\nTrue\nTrue\nTrue\n4\n5\n6\n7\n") << "1 2" << "";
+        QTest::newRow("colour too large") << QByteArray("16777216\n2\n3\nTrue\nTrue\nTrue\n4\n5\n1\n1\n1\n") << "" << "";
+        QTest::newRow("index out of list") << QByteArray("1\n2\n3\nTrue\nTrue\nTrue\n4\n5\n11\n1\n1\n") << "1 2" << "";
+        QTest::newRow("beep is a word") << QByteArray("1\n2\n3\nForse\nTrue\nTrue\n4\n5\n1\n1\n1\n") << "1 2" << "";
+        QTest::newRow("one number") << QByteArray(" 2 \r\n") << "" << "";
+        QTest::newRow("decimal") << QByteArray("1.5 2\r\n") << "" << "";
+    }
+    void lettura()
+    {
+        QFETCH(QByteArray, file);
+        QFETCH(QString, livelli);
+        QFETCH(QString, letto);
+        const bool cartella = file == "<folder>";
+        if (cartella)
+            QVERIFY(QDir().mkdir(kDat));
+        else if (!file.isNull())
+            scrivi(kDat, file);
+        Settings s;
+        s.NomeFile = "composizione";
+        s.Livello = s.NumeroCifre = 7;
+        QCOMPARE(LeggiLivelli(s, s.NomeFile), !livelli.isEmpty());
+        QCOMPARE(QStringLiteral("%1 %2").arg(s.Livello).arg(s.NumeroCifre), livelli.isEmpty() ? "1 1" : livelli);
+        QCOMPARE(LeggiImpostazioni(s), !letto.isEmpty());
+        QCOMPARE(aspetto(s), letto.isEmpty() ? kPredefinito : letto);
+        // A folder is left alone; a file is replaced.
+        QCOMPARE(ScriviLivelli(s), !cartella);
+        QCOMPARE(QFileInfo(kDat).isDir(), cartella);
+    }
+
+    // Read at start; stepped and written at once, then read back by the next start.
+    void livelloECifre_data()
+    {
+        QTest::addColumn<QByteArray>("file");
+        QTest::addColumn<QString>("script");
+        QTest::addColumn<QString>("atteso"); // level | digits | largest value | title | page colour
+        const QString dec = "|SISTEMA DECIMALE: composizione|";
+        QTest::newRow("no file") << QByteArray() << "" << "1|1 cifra|9" + dec + "12640511";
+        QTest::newRow("levels line") << QByteArray(" 7  2 \r\n") << ""
+                                     << "7|2 cifre|19|SISTEMA METRICO: composizione|12640511";
+        QTest::newRow("appearance lines") << kAspetto << "" << "1|1 cifra|9" + dec + "0";
+        // No topic for this level: the titles stay as they were drawn.
+        QTest::newRow("level without topic") << QByteArray(" 20  1 \r\n") << "" << "20|1 cifra|9|COMPOSIZIONE|12640511";
+        QTest::newRow("level: arrow and titles, wraps after 3") << QByteArray()
+            << "click:Label8 click:Label6(0) click:Label6(2) click:Label8" << "2|1 cifra|9" + dec + "12640511";
+        QTest::newRow("digits wrap") << QByteArray() << "click:Label7 click:lblCifre click:Label7"
+                                     << "1|2 cifre|19" + dec + "12640511";
+        QTest::newRow("arrows from the keyboard") << QByteArray() << "focus:Label8 SPC focus:Label7 RET"
+                                                  << "2|2 cifre|19" + dec + "12640511";
+    }
+    void livelloECifre()
+    {
+        QFETCH(QByteArray, file);
+        QFETCH(QString, script);
+        QFETCH(QString, atteso);
+        if (!file.isEmpty())
+            scrivi(datInizio(), file);
+        for (int volta = 0; volta < 2; ++volta) {
+            apri<FrmInizio>();
+            if (volta == 0)
+                esegui(f_.get(), script);
+            const Settings &s = stato_->settings;
+            QCOMPARE(QStringList({testo("Label3"), testo("lblCifre"), QString::number(s.ValoreMassimo),
+                                  f_->windowTitle(), s.ColoreSfondo}).join('|'), atteso);
+        }
+        QCOMPARE(QFile::exists(datInizio()), !file.isEmpty() || !script.isEmpty());
+    }
+
+    void scelte_data()
+    {
+        QTest::addColumn<QString>("script");
+        QTest::addColumn<QString>("focus");
+        QTest::addColumn<QString>("atteso"); // kind and order codes | Label1 | Label2 | rows 2 and 3 enabled
+        QTest::addColumn<QString>("schermi");
+        QTest::newRow("mouse") << "click:Option1(1) click:Option2(2) click:Option3(0)" << "Option3(0)"
+                               << "23| Trova il simbolo| Usa i simboli ordinati e non ordinati|11" << "apri Operativo";
+        QTest::newRow("space steps and wraps, Enter chooses") << "SPC SPC RET SPC RET SPC SPC SPC RET" << "Option3(0)"
+            << "32| Trova il numero o il simbolo| Usa i simboli non ordinati|11" << "apri Operativo";
+        QTest::newRow("held space steps once") << "HOLD HOLD" << "Option1(2)" << "00|||00" << "";
+        QTest::newRow("keypad 3 moves on") << "K3" << "Option2(0)" << "00|||10" << "";
+        QTest::newRow("top row 3 and 0 are no keys") << "3 0" << "Option1(0)" << "00|||00" << "";
+        QTest::newRow("top-row and keypad digits move") << "RET 2 K1 K2" << "Option3(1)" << "10| Trova il numero||11" << "";
+        QTest::newRow("Reimposta keeps the choices") << "RET RET SPC RET" << "Option1(0)" << "11|||00" << "";
+        // A mouse choice of a kind leaves that row's key flag set: the next key there is swallowed.
+        QTest::newRow("mouse kind, then keys") << "click:Option1(2) click:Option2(0) click:Option3(1) RET RET"
+                                               << "Option2(0)" << "11| Trova il numero||10" << "";
+        // The options panel is not closed: left open, it keeps the program alive.
+        QTest::newRow("Esci") << "click:Option3(2)" << "Option3(2)" << "00|||00"
+                              << "chiudi Autore, chiudi Inizio, chiudi Operativo, chiudi SceltaStampante, "
+                                 "chiudi StampaEsercizio, chiudi Schede";
+    }
+    void scelte()
+    {
+        QFETCH(QString, script);
+        QFETCH(QString, focus);
+        QFETCH(QString, atteso);
+        QFETCH(QString, schermi);
+        apri<FrmInizio>();
+        esegui(f_.get(), script);
+        QCOMPARE(fuoco(), focus);
+        const Settings &s = stato_->settings;
+        QCOMPARE(QStringLiteral("%1%2|%3|%4|%5%6").arg(s.TipoEsercizio).arg(s.OrdineSimboli)
+                     .arg(testo("Label1"), testo("Label2")).arg(f_->findChild<QWidget *>("Frame2")->isEnabled())
+                     .arg(f_->findChild<QWidget *>("Frame3")->isEnabled()), atteso);
+        QCOMPARE(chiamate(schermi_), schermi);
+    }
+
+    void attivazioneAzzeraEsercizio()
+    {
+        apri<FrmInizio>();
+        esegui(f_.get(), "click:Option1(0)");
+        stato_->record.NumeroEsercizio = 12;
+        QWidget altra;
+        altra.show();
+        QVERIFY(QTest::qWaitForWindowActive(&altra));
+        f_->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(f_.get()));
+        QCOMPARE(stato_->record.NumeroEsercizio, 0);
+        QCOMPARE(fuoco(), "Option1(0)");
+    }
+
+    // The panel's colours change the settings at once; its commands store them or leave.
+    void pannello_data()
+    {
+        QTest::addColumn<QString>("script");
+        QTest::addColumn<QString>("atteso"); // the settings afterwards
+        QTest::addColumn<bool>("scritto");
+        // Not the paler colours used when the file cannot be read.
+        const QString predefinite = "16763135 8438015 328965 0 1 1 16763135 16724735 4 4 9";
+        // "Bianco" letters are a light grey, so that they show on a light page.
+        const QString scelte = "12517375 8438015 13158600 0 1 1 9886820 9881700 2 7 0";
+        QTest::newRow("defaults: 3, keypad 1, Enter") << "3 K1 ENT" << predefinite << true;
+        QTest::newRow("defaults: M I Enter") << "M I RET" << predefinite << true;
+        QTest::newRow("X is no key") << "X RET" << predefinite << true;
+        QTest::newRow("store by mouse") << "click:Option5(1)" << scelte << true;
+        QTest::newRow("store: M Enter") << "M RET" << scelte << true;
+        QTest::newRow("store: arrows") << "LEFT LEFT RET" << scelte << true;
+        QTest::newRow("Esci: E Enter") << "E RET" << scelte << false;
+        QTest::newRow("held space keeps stepping") << "HOLD RET" << scelte << false;
+    }
+    void pannello()
+    {
+        QFETCH(QString, script);
+        QFETCH(QString, atteso);
+        QFETCH(bool, scritto);
+        apri<FrmOpzioni>();
+        Settings &s = stato_->settings;
+        s.BeepAttivo = false;
+        s.ImpostazioneB = true; // asks for a control the panel does not have
+        esegui(f_.get(), "click:Option1(2) click:Option27(0) click:Option17(7) " + script);
+        QCOMPARE(aspetto(s), atteso);
+        QCOMPARE(chiamate(schermi_), scritto ? "" : "chiudi Opzioni");
+        QCOMPARE(QFile::exists(kPannello), scritto);
+        if (!scritto)
+            return;
+        // The stored buttons are selected, and the file holds the eleven values.
+        for (const QString &b : {QStringLiteral("Option1(%1)").arg(s.IndiceSfondo),
+                                 QStringLiteral("Option27(%1)").arg(s.IndiceCaratteri),
+                                 QStringLiteral("Option17(%1)").arg(s.IndiceScansione), QStringLiteral("Option3(1)")})
+            QVERIFY2(f_->findChild<QRadioButton *>(b)->isChecked(), qPrintable(b));
+        Settings letto;
+        QVERIFY(LeggiImpostazioniDa(leggi(kPannello), letto));
+        QCOMPARE(aspetto(letto), atteso);
+    }
+
+    // Every control of the start screen keeps its fractions of the page.
+    void ridimensionaInizio()
+    {
+        apri<FrmInizio>();
+        f_->findChild<QTimer *>("timerTendine")->stop();
+        QWidget *pagina = static_cast<QMainWindow *>(f_.get())->centralWidget();
+        QHash<QWidget *, QRect> prima;
+        for (QWidget *c : pagina->findChildren<QWidget *>())
+            prima.insert(c, c->geometry());
+        QVERIFY(prima.size() > 20);
+        f_->resize(f_->size() + QSize(FrmInizio::kLarghezza, FrmInizio::kAltezza / 2));
+        QCOMPARE(pagina->size(), QSize(2 * FrmInizio::kLarghezza, 3 * FrmInizio::kAltezza / 2));
+        for (auto it = prima.cbegin(); it != prima.cend(); ++it) {
+            const QRect a = it.key()->geometry(), p = it.value();
+            // Within a pixel of rounding.
+            QVERIFY2(qAbs(a.x() - 2 * p.x()) + qAbs(a.y() - qRound(1.5 * p.y())) <= 2 &&
+                         qAbs(a.width() - 2 * p.width()) <= 1 && qAbs(a.height() - qRound(1.5 * p.height())) <= 1,
+                     qPrintable(it.key()->objectName()));
+        }
+    }
+
+    // Combo boxes and lines keep their design place.
+    void ridimensionaNonSposta()
+    {
+        QWidget m;
+        m.resize(400, 300);
+        QComboBox combo(&m);
+        QFrame linea(&m);
+        linea.setFrameShape(QFrame::HLine);
+        for (QWidget *w : {static_cast<QWidget *>(&combo), static_cast<QWidget *>(&linea)})
+            w->setGeometry(40, 30, 81, 23);
+        ResizeColore r;
+        r.prendi(&m);
+        m.resize(800, 600);
+        r.applica();
+        QCOMPARE(combo.geometry(), QRect(40, 30, 81, 23));
+        QCOMPARE(linea.geometry(), QRect(40, 30, 81, 23));
+    }
+};
+
+QTEST_MAIN(TestSettings)
+#include "tst_settings.moc"

@@ -1,0 +1,190 @@
+#include "content/errori.h"
+#include "ui/qtpiattaforma.h"
+#include "ui/qtsuono.h"
+#include "ui/rigaopzioni.h"
+
+#include <QtTest>
+#include <QtWidgets>
+
+// A shown window holding one row of n keys side by side, captioned k0, k1, ...
+struct Banco {
+    QWidget finestra;
+    RigaOpzioni *riga;
+    explicit Banco(int n, RigaOpzioni::Opzioni o = {})
+    {
+        QStringList captions;
+        for (int i = 0; i < n; ++i)
+            captions << QStringLiteral("k%1").arg(i);
+        riga = new RigaOpzioni(&finestra, captions, QStringLiteral("Option2"), o);
+        for (int i = 0; i < n; ++i)
+            riga->bottone(i)->setGeometry(10 + i * 70, 10, 60, 40);
+        finestra.show();
+    }
+};
+
+// What the user does, one step a word: f<i> gives key i the focus, off<i>
+// disables it, hide<i> hides it, m<i> presses and releases the mouse on it,
+// a<i> is a screen reader's Press; ? logs the step and key flags as "pt"
+// (upper case when set). Space, Return, Enter, Tab, A, X are keys, sent to
+// the focus. A "+" only presses, a "-" only releases, and "*<n>" holds as X11
+// does: n release/press pairs flagged as auto-repeated between the press and
+// the real release.
+static void esegui(Banco &b, const QString &script, QStringList &log)
+{
+    static const QRegularExpression passo(QStringLiteral(R"(^(off|hide|f|m|a)?(\d+|[A-Z][a-z]*)(\*\d+|[+-])?$)"));
+    for (const QString &t : script.split(u' ', Qt::SkipEmptyParts)) {
+        const QRegularExpressionMatch m = passo.match(t);
+        const QString comando = m.captured(1), fine = m.captured(3);
+        QPushButton *k = comando.isEmpty() ? nullptr : b.riga->bottone(m.captured(2).toInt());
+        const int key = comando.isEmpty() ? QKeySequence::fromString(m.captured(2))[0].key() : 0;
+        const auto invia = [&](bool giu, bool ripetuto) {
+            if (k)
+                return giu ? QTest::mousePress(k, Qt::LeftButton) : QTest::mouseRelease(k, Qt::LeftButton);
+            // Only the space's text counts: the row steps on " ", not on the key code.
+            QKeyEvent e(giu ? QEvent::KeyPress : QEvent::KeyRelease, key, Qt::NoModifier, key == Qt::Key_Space ? " " : "", ripetuto);
+            QApplication::sendEvent(QApplication::focusWidget(), &e);
+        };
+        if (t == u'?')
+            log << QString(b.riga->flagPasso() ? "P" : "p") + (b.riga->flagTasto() ? "T" : "t");
+        else if (comando == u'f')
+            k->setFocus();
+        else if (comando == QLatin1String("off"))
+            k->setEnabled(false);
+        else if (comando == QLatin1String("hide"))
+            k->hide();
+        else if (comando == u'a')
+            QAccessible::queryAccessibleInterface(k)->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+        else {
+            if (fine != u'-')
+                invia(true, false);
+            for (int i = 0; i < 2 * fine.mid(1).toInt(); ++i) // release, press, release, ...
+                invia(i % 2, true);
+            if (fine != u'+')
+                invia(false, false);
+        }
+    }
+}
+
+class TestUi : public QObject
+{
+    Q_OBJECT
+private slots:
+    // Options: n = disabled keys are not skipped, e = flags cleared on every
+    // event, m = a mouse press sets the key flag, h = the screen handles keys
+    // (logged h<index><key>; Tab discarded, X throws, the rest accepted).
+    // Choices are logged s<i>; a click leaking through would choose twice.
+    void riga_data()
+    {
+        QTest::addColumn<QString>("opzioni");
+        QTest::addColumn<QString>("script");
+        QTest::addColumn<QString>("log");
+        QTest::addColumn<int>("fuoco");
+        QTest::newRow("space skips disabled and hidden across the wrap") << "" << "off5 hide0 f4 Space" << "" << 1;
+        QTest::newRow("space on the only enabled key stays") << "" << "f1 off0 off2 off3 off4 off5 Space" << "" << 1;
+        QTest::newRow("no skip: wraps, disabled next keeps the focus") << "n" << "f5 Space off1 Space" << "" << 0;
+        QTest::newRow("per row: held space steps once") << "" << "f0 Space*3 ? Space" << "pt" << 2;
+        QTest::newRow("per event: held space keeps stepping") << "e" << "f0 Space*3 ? Space" << "pt" << 5;
+        QTest::newRow("per row: held key handled once") << "h" << "f0 A*3 ? A" << "h0A pt h0A" << 0;
+        QTest::newRow("per event: held key repeats") << "eh" << "f0 A*3 ? A" << "h0A h0A h0A h0A pt h0A" << 0;
+        QTest::newRow("accepted key blocks until released") << "h" << "f2 Tab+ Tab+ ? A+ ? Return+ A- ? Return+"
+                                                             << "h2Tab h2Tab pt h2A pT pt h2Return" << 2;
+        QTest::newRow("throwing handler leaves the flag clear") << "h" << "f0 X+ ? X-" << "pt" << 0;
+        QTest::newRow("Return and Enter choose, once while held") << "" << "f1 Tab*2 Return*2 Enter" << "s1 s1" << 1;
+        QTest::newRow("mouse chooses at the press") << "" << "f0 m2+ ? m2- ? Return Return" << "s2 pt pt s2 s2" << 2;
+        QTest::newRow("flagged mouse press: next key ignored") << "m" << "f0 m2+ ? m2- Return Return" << "s2 pT s2" << 2;
+        QTest::newRow("screen reader presses enabled keys") << "" << "f0 off2 a2 a1" << "s1" << 0;
+    }
+    void riga()
+    {
+        QFETCH(QString, opzioni);
+        QFETCH(QString, script);
+        QFETCH(QString, log);
+        Banco b(6, {.saltaDisabilitati = !opzioni.contains(u'n'), .flag = opzioni.contains(u'e') ? RigaOpzioni::Flag::PerEvento : RigaOpzioni::Flag::PerRiga,
+                    .mouseImpostaFlagTasto = opzioni.contains(u'm')});
+        QStringList visti;
+        connect(b.riga, &RigaOpzioni::scelto, this, [&visti](int i) { visti << QStringLiteral("s%1").arg(i); });
+        if (opzioni.contains(u'h'))
+            b.riga->tasto = [&visti](int i, QKeyEvent *e) {
+                if (e->key() == Qt::Key_X)
+                    throw ErroreIntervallo("no such key");
+                visti << QStringLiteral("h%1").arg(i) + QKeySequence(e->key()).toString();
+                return e->key() != Qt::Key_Tab;
+            };
+        if (script.contains(u'X'))
+            QTest::ignoreMessage(QtWarningMsg, "handler stopped: no such key");
+        QVERIFY(QTest::qWaitForWindowActive(&b.finestra));
+        esegui(b, script, visti);
+        // The screen reader's press is animated: it lands a moment later.
+        QTRY_COMPARE(visti.join(u' '), log);
+        QTEST(b.riga->indiceFuoco(), "fuoco");
+    }
+
+    // The scan colour follows the focus, and not by colour alone: the focused
+    // key also has a thick dark border.
+    void coloreSegueIlFuoco()
+    {
+        const QColor fuoco(200, 40, 40), riposo(40, 200, 40);
+        const auto pixel = [](QWidget *w, int x, int y) { return w->grab().toImage().pixelColor(x, y); };
+        Banco b(2);
+        QVERIFY(QTest::qWaitForWindowActive(&b.finestra));
+        QPushButton *k0 = b.riga->bottone(0), *k1 = b.riga->bottone(1);
+        k0->setFocus();
+        b.riga->setColori(fuoco, riposo);
+        QCOMPARE(pixel(k0, 8, 20), fuoco);
+        QCOMPARE(pixel(k1, 8, 20), riposo);
+        QCOMPARE(pixel(k0, 30, 2), QColor(Qt::black));
+        QCOMPARE(pixel(k1, 30, 2), riposo);
+        b.riga->passo();
+        QCOMPARE(pixel(k0, 8, 20), riposo);
+        QCOMPARE(pixel(k1, 8, 20), fuoco);
+    }
+
+    // Keys are looked up by index; a row with no key able to take the focus
+    // must not hang a step.
+    void intervalloERigaSpenta()
+    {
+        Banco b(3);
+        QVERIFY_THROWS_EXCEPTION(ErroreIntervallo, b.riga->bottone(-1));
+        QVERIFY_THROWS_EXCEPTION(ErroreIntervallo, b.riga->bottone(3));
+        for (int i = 0; i < 3; ++i)
+            b.riga->bottone(i)->setEnabled(false);
+        b.riga->passo();
+        QCOMPARE(b.riga->indiceFuoco(), -1);
+    }
+
+    // The generator reseeds from a millisecond clock on every item and every
+    // worksheet line: the same seed twice must not repeat the draws.
+    void casoEOrologio()
+    {
+        QtRandom a;
+        QSet<double> visti;
+        for (int i = 0; i < 1000; ++i) {
+            a.Randomize(36000.25);
+            const double x = a.Rnd();
+            QVERIFY(x >= 0.0 && x < 1.0);
+            visti.insert(x);
+        }
+        QVERIFY(visti.size() > 990);
+        const double t = QtClock().Timer(); // seconds, not milliseconds
+        QVERIFY(t >= 0.0 && t < 86400.0);
+    }
+
+    // A right answer must never wait for the sound, even with no audio
+    // device to play it on.
+    void suonoNonAspetta()
+    {
+        const QString percorso = QFINDTESTDATA("../../assets/positivo.wav");
+        QVERIFY(!percorso.isEmpty());
+        QtSound suono;
+        QElapsedTimer t;
+        t.start();
+        suono.carica(percorso);
+        suono.suona();
+        suono.suona(); // a second right answer while the first still plays
+        QVERIFY2(t.elapsed() < 1000, qPrintable(QString::number(t.elapsed())));
+        QTest::qWait(300); // loading and playback go on in the event loop
+    }
+};
+
+QTEST_MAIN(TestUi)
+#include "tst_ui.moc"
