@@ -51,19 +51,30 @@ if [ $dentro -eq 0 ]; then
     DEBIAN_FRONTEND=noninteractive $sudo apt-get install -y -qq --no-install-recommends "${mancanti[@]}" >/dev/null
   fi
   "$radice/scripts/deps.sh"
-  if [ ! -f "$radice/build/default/build.ninja" ]; then
-    (cd "$radice" && nice -n 10 cmake --preset default >/dev/null)
+  # The program as the sources stand now; a failed build shows its own output.
+  costruzione=$(mktemp)
+  if ! { [ -f "$radice/build/default/build.ninja" ] || (cd "$radice" && nice -n 10 cmake --preset default); } \
+      >"$costruzione" 2>&1 ||
+    ! nice -n 10 cmake --build "$radice/build/default" --target composizione >>"$costruzione" 2>&1; then
+    cat "$costruzione" >&2
+    rm -f "$costruzione"
+    echo "screenshots: FAIL: the program does not build" >&2
+    exit 1
   fi
-  nice -n 10 cmake --build "$radice/build/default" --target composizione >/dev/null
+  rm -f "$costruzione"
   mkdir -p "$cartella"
   cartella=$(cd "$cartella" && pwd)
-  # The accessibility bus announces itself on both outputs: that line is left out.
+  # The D-Bus session and the accessibility bus announce themselves: those lines
+  # are left out of what is shown.
+  errori=$(mktemp)
   set +e
   xvfb-run -a -s "-screen 0 ${larghezza}x${altezza}x24 -nolisten tcp" \
-    dbus-run-session -- bash "$0" --dentro "$misura" "$cartella" \
-    2> >(grep -v -e "^dbus-daemon" -e "SpiRegistry" -e "Activating service" -e "Successfully activated" >&2) |
+    dbus-run-session -- bash "$0" --dentro "$misura" "$cartella" 2>"$errori" |
     { grep -v -e "SpiRegistry" || true; }
-  exit "${PIPESTATUS[0]}"
+  stato=${PIPESTATUS[0]}
+  grep -v -e "^dbus-daemon" -e "SpiRegistry" -e "Activating service" -e "Successfully activated" "$errori" >&2
+  rm -f "$errori"
+  exit "$stato"
 fi
 
 # ---- from here on: inside the virtual screen and its D-Bus session ----

@@ -13,7 +13,8 @@ entry is. Every command exits 1 with a message when it does not succeed in time.
   fuoco-su PREFIX            wait until the key that has the focus has a name starting with PREFIX
   risposta                   print the right answer of the number item on view, as the pupil types it
 
-The time limit is ATTESA seconds (default 20).
+The time limit is ATTESA seconds (default 20); APP is the name the program has on the
+bus (default composizione).
 """
 import os
 import sys
