@@ -113,6 +113,8 @@ int giro(int argc, char **argv)
     }
     const int esercizi = p.stato.record.NumeroEsercizio;
     p.schermi().chiudi(Schermo::Operativo);
+    // A closed screen goes with the event loop's next turn; this driver runs no loop of its own.
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     p.schermi().apri(Schermo::Schede);
     QWidget *schede = p.schermi().schermo(Schermo::Schede);
     for (const char *nome : {"Option1(0)", "Option2(0)", "CmdVisualizzaSchedaAlunni", "CmdStampaSchedaAlunni",

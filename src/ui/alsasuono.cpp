@@ -129,7 +129,12 @@ struct AlsaSound::Condiviso {
 
     void prepara(const QString &file)
     {
-        if (!alsaTentata) {
+        if (file != letto) {
+            campioni = leggiWav(file);
+            letto = file;
+        }
+        // With nothing to play, nothing of ALSA is loaded.
+        if (!alsaTentata && !campioni.dati.isEmpty()) {
             alsaTentata = true;
             alsaPronta = alsa.carica(libreria);
             if (alsaPronta) {
@@ -138,10 +143,6 @@ struct AlsaSound::Condiviso {
                 // names) is most of the cost of a first open.
                 alsa.leggiConfigurazione();
             }
-        }
-        if (file != letto) {
-            campioni = leggiWav(file);
-            letto = file;
         }
     }
 
