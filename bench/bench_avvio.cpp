@@ -1,23 +1,30 @@
-// Start-up time and peak memory of the real program, against a bare Qt window
-// measured in the same run on the same machine.
+// Start-up time and peak memory of the real program against two references
+// measured in the same run on the same machine: a bare Qt window, and the
+// least window that shows text (one label, one button, at the start screen's
+// size). Both references are `riferimento`, which links Qt Widgets only; the
+// program is the real `composizione` executable. None of them holds measuring code: every child
+// is started with `libtraguardo.so` preloaded, which reports when the first
+// window has been exposed and painted.
 //
-// Each figure comes from a fresh child process (this same executable): the
-// parent reads the clock just before fork() and again when the child reports
-// that its first window has been exposed, so dynamic loading, Qt's start and
-// the start screen's construction are all inside the figure. Children run on
-// the offscreen platform in a scratch folder.
+// The parent reads the clock just before fork() and again when the child
+// reports, so dynamic loading, Qt's start and the start screen's construction
+// and first paint are all inside the figure. Children run in a scratch
+// folder, on the platform of QT_QPA_PLATFORM (offscreen when unset).
 //
-//   bench_avvio [runs]          start-up: program vs bare window, then memory
+// Then the delay of the right-answer sound (see riportaSuono), and the peak
+// memory of a scripted lesson.
+//
+//   bench_avvio [runs] ["command line"...]   more programs are measured alongside
+//                                            (e.g. an older build of the program)
 #include "app/programma.h"
 #include "ui/rigaopzioni.h"
 
 #include <QAbstractButton>
 #include <QApplication>
 #include <QDir>
+#include <QElapsedTimer>
 #include <QKeyEvent>
 #include <QTemporaryDir>
-#include <QTimer>
-#include <QWindow>
 
 #include <algorithm>
 #include <chrono>
@@ -37,39 +44,6 @@ long piccoMemoriaKb()
     rusage u{};
     getrusage(RUSAGE_SELF, &u);
     return u.ru_maxrss;
-}
-
-// Reports once the first top-level window has been exposed, then leaves at
-// once: tearing down is not part of starting up.
-class Traguardo : public QObject
-{
-protected:
-    bool eventFilter(QObject *o, QEvent *e) override
-    {
-        if (e->type() == QEvent::Expose && qobject_cast<QWindow *>(o) && static_cast<QWindow *>(o)->isExposed()) {
-            QTimer::singleShot(0, [] {
-                std::printf("pronto %ld\n", piccoMemoriaKb());
-                std::fflush(stdout);
-                _exit(0);
-            });
-        }
-        return false;
-    }
-};
-
-int avvio(int argc, char **argv, bool programma)
-{
-    QApplication app(argc, argv);
-    Traguardo t;
-    app.installEventFilter(&t);
-    if (!programma) {
-        QWidget vuota;
-        vuota.show();
-        return app.exec();
-    }
-    Programma p;
-    p.avvia();
-    return app.exec();
 }
 
 void tasto(Qt::Key k, const QString &testo)
@@ -105,6 +79,21 @@ void premi(QWidget *schermo, const QString &nome)
     QApplication::processEvents();
 }
 
+// From the start screen to the first item of an exercise, by keyboard.
+bool apriEsercizio(Programma &p)
+{
+    p.avvia();
+    attendiFinestraAttiva();
+    for (int i = 0; i < 3; ++i) // kind, order, "Vai"
+        tasto(Qt::Key_Return, QStringLiteral("\r"));
+    if (!p.schermi().schermo(Schermo::Operativo)) {
+        std::fprintf(stderr, "the exercise screen did not open\n");
+        return false;
+    }
+    attendiFinestraAttiva();
+    return true;
+}
+
 // A whole exercise from the keyboard (more answers than it takes), then both worksheets previewed and printed
 // (to PDF in the scratch folder), as a teacher's lesson would go.
 int giro(int argc, char **argv)
@@ -113,24 +102,19 @@ int giro(int argc, char **argv)
     Programma p;
     p.stampante().setSoloPdf(true);
     p.stampante().setApriPdf([](const QString &) {});
-    p.avvia();
-    attendiFinestraAttiva();
-    for (int i = 0; i < 3; ++i) // kind, order, "Vai"
-        tasto(Qt::Key_Return, QStringLiteral("\r"));
-    if (!p.schermi().schermo(Schermo::Operativo)) {
-        std::fprintf(stderr, "the exercise screen did not open\n");
+    if (!apriEsercizio(p))
         return 1;
-    }
-    attendiFinestraAttiva();
     for (int item = 0; item < 30; ++item) {
         for (QChar c : p.stato.item.TestoNumero)
             carattere(c);
-        tasto(Qt::Key_V, QStringLiteral("v"));
+        tasto(Qt::Key_V, QStringLiteral("v")); // to "Verifica", which Return presses
         tasto(Qt::Key_Return, QStringLiteral("\r"));
         tasto(Qt::Key_A, QStringLiteral("a"));
     }
     const int esercizi = p.stato.record.NumeroEsercizio;
     p.schermi().chiudi(Schermo::Operativo);
+    // A closed screen goes with the event loop's next turn; this driver runs no loop of its own.
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     p.schermi().apri(Schermo::Schede);
     QWidget *schede = p.schermi().schermo(Schermo::Schede);
     for (const char *nome : {"Option1(0)", "Option2(0)", "CmdVisualizzaSchedaAlunni", "CmdStampaSchedaAlunni",
@@ -142,27 +126,90 @@ int giro(int argc, char **argv)
     _exit(0);
 }
 
+std::int64_t adessoNs()
+{
+    return std::chrono::duration_cast<std::chrono::nanoseconds>(std::chrono::steady_clock::now().time_since_epoch())
+        .count();
+}
+
+// Waits (up to 2 s) for a playback that starts after t0 and prints its delay
+// in ms, or -1 when nothing started (no audio device). A playback starts
+// when ALSA has taken the first samples and its stream is running, i.e. the
+// card, or the sound server, is playing them (AlsaSound::ultimoAvvioNs).
+void riportaSuono(const AlsaSound &s, std::int64_t t0)
+{
+    for (int i = 0; i < 2000 && s.ultimoAvvioNs() < t0; ++i) {
+        QCoreApplication::processEvents();
+        usleep(1000);
+    }
+    const std::int64_t t1 = s.ultimoAvvioNs();
+    std::printf("suono %.2f\n", t1 >= t0 ? double(t1 - t0) / 1e6 : -1.0);
+    std::fflush(stdout);
+    _exit(0);
+}
+
+// The "Verifica" key on a right answer, the program having been on view for
+// a moment (as it has before any pupil answers): key event to playback start.
+int suono(int argc, char **argv)
+{
+    QApplication app(argc, argv);
+    Programma p;
+    if (!apriEsercizio(p))
+        return 1;
+    QElapsedTimer t;
+    t.start();
+    while (t.elapsed() < 500)
+        QApplication::processEvents(QEventLoop::AllEvents, 10);
+    for (QChar c : p.stato.item.TestoNumero)
+        carattere(c);
+    tasto(Qt::Key_V, QStringLiteral("v")); // to the "Verifica" key
+    const std::int64_t t0 = adessoNs();
+    tasto(Qt::Key_Return, QStringLiteral("\r"));
+    riportaSuono(p.suono(), t0);
+    return 0;
+}
+
+// The worst case: a sound never prepared, so that library, configuration,
+// file and device are all opened by the first request.
+int suonoFreddo(int argc, char **argv)
+{
+    QCoreApplication app(argc, argv);
+    const std::int64_t t0 = adessoNs();
+    AlsaSound s;
+    s.carica(QCoreApplication::applicationDirPath() + QStringLiteral("/positivo.wav"));
+    s.suona();
+    riportaSuono(s, t0);
+    return 0;
+}
+
 struct Esito {
-    double ms = -1;
+    double ms = -1;  // wall clock, fork() to the report
+    double cpu = -1; // the child's user + system time, in ms
     std::string riga;
 };
 
-// Runs this executable with `modo` in a fresh process; the time runs from
-// just before fork() to the child's first line.
-Esito figlio(const char *self, const char *modo)
+// Runs `argv` in a fresh process, with the reporting library preloaded when
+// given; the time runs from just before fork() to the child's first line.
+Esito figlio(const std::vector<std::string> &argv, const char *traguardo)
 {
     int tubo[2];
     if (pipe(tubo) != 0)
         return {};
+    std::vector<char *> args;
+    for (const std::string &a : argv)
+        args.push_back(const_cast<char *>(a.c_str()));
+    args.push_back(nullptr);
     const auto t0 = std::chrono::steady_clock::now();
     const pid_t pid = fork();
     if (pid == 0) {
         dup2(tubo[1], STDOUT_FILENO);
         close(tubo[0]);
-        // Qt's remarks about the offscreen platform are not figures.
+        // Qt's remarks about the platform are not figures.
         if (const int nulla = open("/dev/null", O_WRONLY); nulla >= 0)
             dup2(nulla, STDERR_FILENO);
-        execl(self, self, "--figlio", modo, static_cast<char *>(nullptr));
+        if (traguardo)
+            setenv("LD_PRELOAD", traguardo, 1);
+        execv(args[0], args.data());
         _exit(127);
     }
     close(tubo[1]);
@@ -173,8 +220,10 @@ Esito figlio(const char *self, const char *modo)
     const auto t1 = std::chrono::steady_clock::now();
     close(tubo[0]);
     int stato = 0;
-    waitpid(pid, &stato, 0);
-    return {std::chrono::duration<double, std::milli>(t1 - t0).count(), riga};
+    rusage u{};
+    wait4(pid, &stato, 0, &u);
+    const auto ms = [](const timeval &t) { return double(t.tv_sec) * 1e3 + double(t.tv_usec) / 1e3; };
+    return {std::chrono::duration<double, std::milli>(t1 - t0).count(), ms(u.ru_utime) + ms(u.ru_stime), riga};
 }
 
 long campo(const std::string &riga, int n)
@@ -185,12 +234,17 @@ long campo(const std::string &riga, int n)
     return pos == std::string::npos ? -1 : std::atol(riga.c_str() + pos + 1);
 }
 
-void riassumi(const char *nome, std::vector<double> ms, long kb)
+double mediana(std::vector<double> v)
 {
-    std::sort(ms.begin(), ms.end());
-    std::printf("%-28s min %6.1f ms   median %6.1f ms   max %6.1f ms   peak RSS %6.1f MB\n", nome, ms.front(),
-                ms[ms.size() / 2], ms.back(), double(kb) / 1024.0);
+    std::sort(v.begin(), v.end());
+    return v.size() % 2 ? v[v.size() / 2] : (v[v.size() / 2 - 1] + v[v.size() / 2]) / 2;
 }
+
+struct Candidato {
+    std::string nome;
+    std::vector<std::string> argv;
+    std::vector<double> ms, cpu, mb;
+};
 
 } // namespace
 
@@ -200,7 +254,7 @@ int main(int argc, char **argv)
         const std::string modo = argv[2];
         if (modo == "giro")
             return giro(argc, argv);
-        return avvio(argc, argv, modo == "programma");
+        return modo == "suono" ? suono(argc, argv) : suonoFreddo(argc, argv);
     }
 
     const int giri = argc > 1 ? std::max(1, std::atoi(argv[1])) : 20;
@@ -209,34 +263,75 @@ int main(int argc, char **argv)
     if (n <= 0)
         return 1;
     self[n] = '\0';
-    setenv("QT_QPA_PLATFORM", "offscreen", 1);
+    setenv("QT_QPA_PLATFORM", "offscreen", 0);
     QTemporaryDir cartella;
     if (!cartella.isValid() || chdir(cartella.path().toLocal8Bit().constData()) != 0)
         return 1;
 
-    // One warm-up of each, then the two kinds interleaved so that a busy
-    // moment of the machine weighs on both alike.
-    figlio(self, "vuota");
-    figlio(self, "programma");
-    std::vector<double> vuota, programma;
-    long kbVuota = 0, kbProgramma = 0;
-    for (int i = 0; i < giri; ++i) {
-        const Esito v = figlio(self, "vuota");
-        const Esito p = figlio(self, "programma");
-        if (v.riga.rfind("pronto", 0) != 0 || p.riga.rfind("pronto", 0) != 0) {
-            std::fprintf(stderr, "a child did not report: '%s' '%s'\n", v.riga.c_str(), p.riga.c_str());
-            return 1;
-        }
-        vuota.push_back(v.ms);
-        programma.push_back(p.ms);
-        kbVuota = std::max(kbVuota, campo(v.riga, 1));
-        kbProgramma = std::max(kbProgramma, campo(p.riga, 1));
+    std::vector<Candidato> c{{"bare Qt window", {RIFERIMENTO, "vuota"}, {}, {}, {}},
+                             {"one label, one button", {RIFERIMENTO, "etichetta", "1000", "703"}, {}, {}, {}},
+                             {"Composizione start screen", {PROGRAMMA}, {}, {}, {}}};
+    for (int i = 2; i < argc; ++i) {
+        c.push_back({argv[i], {}, {}, {}, {}});
+        for (const QString &parola : QString::fromLocal8Bit(argv[i]).split(u' ', Qt::SkipEmptyParts))
+            c.back().argv.push_back(parola.toStdString());
     }
-    std::printf("Start-up to first window exposed, offscreen, %d runs each:\n", giri);
-    riassumi("bare Qt window", vuota, kbVuota);
-    riassumi("Composizione start screen", programma, kbProgramma);
 
-    const Esito g = figlio(self, "giro");
+    // One warm-up of each, then all kinds in turn in every round so that a
+    // busy moment of the machine weighs on them alike.
+    for (const Candidato &k : c)
+        figlio(k.argv, TRAGUARDO);
+    std::vector<double> rapportoMs; // program / one-label window, round by round
+    for (int i = 0; i < giri; ++i) {
+        for (Candidato &k : c) {
+            const Esito e = figlio(k.argv, TRAGUARDO);
+            if (e.riga.rfind("pronto", 0) != 0) {
+                std::fprintf(stderr, "%s did not report: '%s'\n", k.nome.c_str(), e.riga.c_str());
+                return 1;
+            }
+            k.ms.push_back(e.ms);
+            k.cpu.push_back(e.cpu);
+            k.mb.push_back(double(campo(e.riga, 1)) / 1024.0);
+        }
+        rapportoMs.push_back(c[2].ms.back() / c[1].ms.back());
+    }
+    std::printf("Start-up to the first exposed window, %s, %d runs each: median [min-max], and the median's ratio\n"
+                "to the one-label window. Wall: fork() to the report. CPU: the child's user + system time.\n",
+                std::getenv("QT_QPA_PLATFORM"), giri);
+    const auto riga = [&](const char *cosa, const std::vector<double> &v, const std::vector<double> &rif) {
+        const auto [lo, hi] = std::minmax_element(v.begin(), v.end());
+        std::printf("  %-5s %6.1f [%6.1f-%6.1f] %5.2fx", cosa, mediana(v), *lo, *hi, mediana(v) / mediana(rif));
+    };
+    for (const Candidato &k : c) {
+        std::printf("%s\n", k.nome.c_str());
+        riga("wall", k.ms, c[1].ms);
+        riga("CPU", k.cpu, c[1].cpu);
+        std::printf(" ms\n");
+        riga("RSS", k.mb, c[1].mb);
+        std::printf(" MB (peak)\n");
+    }
+    std::printf("program / one-label wall time, median of the per-round ratios: %.2fx\n", mediana(rapportoMs));
+
+    // The sound: the program's "Verifica" key, and a never-prepared sound's first request.
+    std::vector<double> caldo, freddo;
+    for (int i = 0; i < giri; ++i) {
+        for (auto [modo, v] : {std::pair{"suono", &caldo}, std::pair{"suono-freddo", &freddo}}) {
+            const Esito e = figlio({self, "--figlio", modo}, nullptr);
+            if (e.riga.rfind("suono ", 0) == 0 && std::atof(e.riga.c_str() + 6) >= 0)
+                v->push_back(std::atof(e.riga.c_str() + 6));
+        }
+    }
+    for (auto [nome, v] : {std::pair{"\"Verifica\" key -> playback start", &caldo},
+                           std::pair{"never-prepared sound, first request", &freddo}}) {
+        if (v->empty()) {
+            std::printf("%-38s no playback started (no audio device): silent\n", nome);
+            continue;
+        }
+        const auto [lo, hi] = std::minmax_element(v->begin(), v->end());
+        std::printf("%-38s %6.1f ms [%5.1f-%5.1f] over %zu runs\n", nome, mediana(*v), *lo, *hi, v->size());
+    }
+
+    const Esito g = figlio({self, "--figlio", "giro"}, nullptr);
     if (g.riga.rfind("giro", 0) != 0) {
         std::fprintf(stderr, "the scripted lesson did not finish: '%s'\n", g.riga.c_str());
         return 1;

@@ -1,13 +1,46 @@
 #include "app/programma.h"
 
 #include <QCoreApplication>
+#include <QEvent>
+#include <QTimer>
+#include <QWidget>
+
+#include <functional>
+
+namespace {
+
+// Calls `poi` once, just after the first paint of `w`: what the first screen
+// does not show waits until the pupil can see the program.
+class DopoPrimoDisegno : public QObject
+{
+public:
+    DopoPrimoDisegno(QWidget *w, std::function<void()> poi) : QObject(w), poi_(std::move(poi))
+    {
+        w->installEventFilter(this);
+    }
+
+protected:
+    bool eventFilter(QObject *o, QEvent *e) override
+    {
+        if (e->type() == QEvent::Paint) {
+            o->removeEventFilter(this);
+            QTimer::singleShot(0, parent(), poi_);
+            deleteLater();
+        }
+        return false;
+    }
+
+private:
+    std::function<void()> poi_;
+};
+
+} // namespace
 
 Programma::Programma() : schermi_(stato)
 {
     stato.servizi.clock = &orologio_;
     stato.servizi.random = &caso_;
     stato.servizi.messaggi = &messaggi_;
-    // Loaded now, so that the first right answer does not wait for it.
     suono_.carica(QCoreApplication::applicationDirPath() + QStringLiteral("/positivo.wav"));
     stato.servizi.suono = &suono_;
     stato.servizi.stampante = &stampante_;
@@ -26,4 +59,8 @@ Programma::~Programma()
 void Programma::avvia()
 {
     schermi_.apri(Schermo::Inizio);
+    // The sound is made ready in the background once the start screen is
+    // painted, long before the first right answer can ask for it.
+    if (QWidget *inizio = schermi_.schermo(Schermo::Inizio))
+        new DopoPrimoDisegno(inizio, [this] { suono_.prepara(); });
 }

@@ -1,12 +1,12 @@
 #pragma once
 // The whole program on a running QApplication: the shared state, the system's
-// services and the screens. main runs it; the start-up and memory figures in
-// bench/ measure exactly this.
+// services and the screens. main runs it; bench/bench_avvio measures the
+// start-up and memory of the executable that does.
 #include "app/gestoreschermi.h"
 #include "settings/stato.h"
+#include "ui/alsasuono.h"
 #include "ui/qtpiattaforma.h"
 #include "ui/qtstampante.h"
-#include "ui/qtsuono.h"
 
 class Programma
 {
@@ -22,12 +22,13 @@ public:
     Stato stato;
     GestoreSchermi &schermi() { return schermi_; }
     QtPrinter &stampante() { return stampante_; }
+    AlsaSound &suono() { return suono_; }
 
 private:
     QtClock orologio_;
     QtRandom caso_;
     QtMessageBox messaggi_;
-    QtSound suono_;
+    AlsaSound suono_;
     QtPrinter stampante_;
     GestoreSchermi schermi_;
 };

@@ -1,0 +1,283 @@
+#include "ui/alsasuono.h"
+
+#include <QFile>
+#include <QLibrary>
+#include <QtEndian>
+
+#include <alsa/asoundlib.h>
+
+#include <atomic>
+#include <cerrno>
+#include <chrono>
+#include <condition_variable>
+#include <mutex>
+
+namespace {
+
+using Orologio = std::chrono::steady_clock;
+
+// The few entry points of libasound the sound needs, resolved at first use:
+// linking the library would make every start pay for loading it.
+struct Alsa {
+    decltype(&snd_lib_error_set_handler) gestoreErrori = nullptr;
+    decltype(&snd_config_update) leggiConfigurazione = nullptr;
+    decltype(&snd_pcm_open) apri = nullptr;
+    decltype(&snd_pcm_set_params) parametri = nullptr;
+    decltype(&snd_pcm_writei) scrivi = nullptr;
+    decltype(&snd_pcm_recover) recupera = nullptr;
+    decltype(&snd_pcm_wait) attendi = nullptr;
+    decltype(&snd_pcm_state) stato = nullptr;
+    decltype(&snd_pcm_start) avvia = nullptr;
+    decltype(&snd_pcm_delay) ritardo = nullptr;
+    decltype(&snd_pcm_drop) ferma = nullptr;
+    decltype(&snd_pcm_close) chiudi = nullptr;
+
+    bool carica(QLibrary &l)
+    {
+        if (!l.load())
+            return false;
+        bool tutte = true;
+        const auto r = [&](auto &f, const char *nome) {
+            f = reinterpret_cast<std::remove_reference_t<decltype(f)>>(l.resolve(nome));
+            tutte = tutte && f;
+        };
+        r(gestoreErrori, "snd_lib_error_set_handler");
+        r(leggiConfigurazione, "snd_config_update");
+        r(apri, "snd_pcm_open");
+        r(parametri, "snd_pcm_set_params");
+        r(scrivi, "snd_pcm_writei");
+        r(recupera, "snd_pcm_recover");
+        r(attendi, "snd_pcm_wait");
+        r(stato, "snd_pcm_state");
+        r(avvia, "snd_pcm_start");
+        r(ritardo, "snd_pcm_delay");
+        r(ferma, "snd_pcm_drop");
+        r(chiudi, "snd_pcm_close");
+        return tutte;
+    }
+};
+
+// ALSA reports a machine without a sound card on stderr, line after line;
+// silence is the answer the program wants there.
+void silenzio(const char *, int, const char *, int, const char *, ...) {}
+
+struct Campioni {
+    snd_pcm_format_t formato = SND_PCM_FORMAT_UNKNOWN;
+    unsigned canali = 0, frequenza = 0, bytePerFrame = 0;
+    QByteArray dati;
+};
+
+// Plain PCM wave files of 8 or 16 bits, as assets/genera_positivo.py makes
+// them: the RIFF chunks are walked for "fmt " and "data". Anything else is
+// no sound.
+Campioni leggiWav(const QString &percorso)
+{
+    QFile f(percorso);
+    if (percorso.isEmpty() || !f.open(QIODevice::ReadOnly) || f.size() > 16 * 1024 * 1024)
+        return {};
+    const QByteArray b = f.readAll();
+    if (b.size() < 12 || !b.startsWith("RIFF") || b.mid(8, 4) != "WAVE")
+        return {};
+    const auto u16 = [&](qsizetype i) { return qFromLittleEndian<quint16>(b.constData() + i); };
+    const auto u32 = [&](qsizetype i) { return qFromLittleEndian<quint32>(b.constData() + i); };
+    Campioni c;
+    quint16 tipo = 0, bit = 0;
+    for (qsizetype i = 12; i + 8 <= b.size();) {
+        const qsizetype inizio = i + 8;
+        const qsizetype n = std::min<qsizetype>(u32(i + 4), b.size() - inizio); // a cut file keeps what it has
+        if (b.mid(i, 4) == "fmt " && n >= 16) {
+            tipo = u16(inizio);
+            c.canali = u16(inizio + 2);
+            c.frequenza = u32(inizio + 4);
+            bit = u16(inizio + 14);
+        } else if (b.mid(i, 4) == "data") {
+            c.dati = b.mid(inizio, n);
+        }
+        i = inizio + n + (n & 1);
+    }
+    if (tipo != 1 || c.canali == 0 || c.canali > 8 || c.frequenza == 0 || c.frequenza > 384000 ||
+        (bit != 8 && bit != 16))
+        return {};
+    c.formato = bit == 8 ? SND_PCM_FORMAT_U8 : SND_PCM_FORMAT_S16_LE;
+    c.bytePerFrame = c.canali * bit / 8;
+    c.dati.truncate(c.dati.size() - c.dati.size() % c.bytePerFrame);
+    return c;
+}
+
+} // namespace
+
+struct AlsaSound::Condiviso {
+    std::mutex m;
+    std::condition_variable cv;
+    // Under m: what the GUI thread asks for.
+    QString percorso;
+    bool preparare = false, fine = false, finito = false;
+    std::uint64_t richieste = 0, servite = 0;
+    std::atomic<std::int64_t> avvioNs{0};
+    // The worker's own.
+    QLibrary libreria{QStringLiteral("asound"), 2};
+    Alsa alsa;
+    bool alsaPronta = false, alsaTentata = false;
+    QString letto;
+    Campioni campioni;
+
+    bool continua()
+    {
+        std::lock_guard lk(m);
+        return !fine && richieste == servite;
+    }
+
+    void prepara(const QString &file)
+    {
+        if (file != letto) {
+            campioni = leggiWav(file);
+            letto = file;
+        }
+        // With nothing to play, nothing of ALSA is loaded.
+        if (!alsaTentata && !campioni.dati.isEmpty()) {
+            alsaTentata = true;
+            alsaPronta = alsa.carica(libreria);
+            if (alsaPronta) {
+                alsa.gestoreErrori(silenzio);
+                // Reading the configuration (and the sound server's plugin it
+                // names) is most of the cost of a first open.
+                alsa.leggiConfigurazione();
+            }
+        }
+    }
+
+    bool segnaAvvio(snd_pcm_t *pcm)
+    {
+        if (alsa.stato(pcm) != SND_PCM_STATE_RUNNING)
+            return false;
+        avvioNs = std::chrono::duration_cast<std::chrono::nanoseconds>(Orologio::now().time_since_epoch()).count();
+        return true;
+    }
+
+    void riproduci()
+    {
+        const Campioni &s = campioni;
+        if (!alsaPronta || s.dati.isEmpty())
+            return;
+        snd_pcm_t *pcm = nullptr;
+        // Non-blocking: a card that another program holds is silence, not a wait.
+        if (alsa.apri(&pcm, "default", SND_PCM_STREAM_PLAYBACK, SND_PCM_NONBLOCK) < 0)
+            return;
+        const auto frames = snd_pcm_uframes_t(s.dati.size() / s.bytePerFrame);
+        // Whatever the device does, the worker is free again soon after the sound's own length.
+        const auto scadenza = Orologio::now() + std::chrono::microseconds(frames * 1000000 / s.frequenza) +
+                              std::chrono::seconds(1);
+        if (alsa.parametri(pcm, s.formato, SND_PCM_ACCESS_RW_INTERLEAVED, s.canali, s.frequenza, 1, 100000) >= 0) {
+            const char *p = s.dati.constData();
+            snd_pcm_uframes_t resto = frames;
+            bool avviato = false;
+            while (resto > 0 && continua() && Orologio::now() < scadenza) {
+                const snd_pcm_sframes_t n = alsa.scrivi(pcm, p, resto);
+                if (n == -EAGAIN) {
+                    alsa.attendi(pcm, 20);
+                } else if (n < 0) {
+                    if (alsa.recupera(pcm, int(n), 1) < 0)
+                        break;
+                } else {
+                    p += n * snd_pcm_sframes_t(s.bytePerFrame);
+                    resto -= snd_pcm_uframes_t(n);
+                    avviato = avviato || segnaAvvio(pcm);
+                }
+            }
+            // A sound shorter than the device's buffer does not start by itself.
+            if (!avviato && resto == 0 && alsa.avvia(pcm) >= 0)
+                segnaAvvio(pcm);
+            // Played out before closing, unless a new request or the end comes first.
+            snd_pcm_sframes_t attesa = 0;
+            while (alsa.ritardo(pcm, &attesa) >= 0 && attesa > 0 && Orologio::now() < scadenza) {
+                std::unique_lock lk(m);
+                if (cv.wait_for(lk, std::chrono::milliseconds(20), [&] { return fine || richieste != servite; }))
+                    break;
+            }
+        }
+        alsa.ferma(pcm);
+        alsa.chiudi(pcm);
+    }
+};
+
+namespace {
+
+void lavora(std::shared_ptr<AlsaSound::Condiviso> c)
+{
+    std::unique_lock lk(c->m);
+    for (;;) {
+        c->cv.wait(lk, [&] { return c->fine || c->preparare || c->richieste != c->servite; });
+        if (c->fine)
+            break;
+        const QString file = c->percorso;
+        const bool suonare = c->richieste != c->servite;
+        c->servite = c->richieste;
+        c->preparare = false;
+        lk.unlock();
+        c->prepara(file);
+        if (suonare)
+            c->riproduci();
+        lk.lock();
+    }
+    c->finito = true;
+    c->cv.notify_all();
+}
+
+} // namespace
+
+AlsaSound::AlsaSound() : c_(std::make_shared<Condiviso>()) {}
+
+AlsaSound::~AlsaSound()
+{
+    if (!lavoro_.joinable())
+        return;
+    std::unique_lock lk(c_->m);
+    c_->fine = true;
+    c_->cv.notify_all();
+    // A device that hangs must not keep the program from ending: after a
+    // short wait the worker, which owns what it uses, is left to the system.
+    const bool finito = c_->cv.wait_for(lk, std::chrono::milliseconds(500), [&] { return c_->finito; });
+    lk.unlock();
+    if (finito)
+        lavoro_.join();
+    else
+        lavoro_.detach();
+}
+
+void AlsaSound::avviaLavoro()
+{
+    if (!lavoro_.joinable())
+        lavoro_ = std::thread(lavora, c_);
+    c_->cv.notify_all();
+}
+
+void AlsaSound::carica(const QString &percorso)
+{
+    std::lock_guard lk(c_->m);
+    c_->percorso = percorso;
+}
+
+void AlsaSound::prepara()
+{
+    {
+        std::lock_guard lk(c_->m);
+        c_->preparare = true;
+    }
+    avviaLavoro();
+}
+
+void AlsaSound::suona()
+{
+    {
+        std::lock_guard lk(c_->m);
+        if (c_->percorso.isEmpty())
+            return;
+        ++c_->richieste;
+    }
+    avviaLavoro();
+}
+
+std::int64_t AlsaSound::ultimoAvvioNs() const
+{
+    return c_->avvioNs;
+}
