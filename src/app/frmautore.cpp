@@ -1,6 +1,7 @@
 #include "app/frmautore.h"
 
 #include "app/versione.h"
+#include "ui/caratteri.h"
 
 #include <QLabel>
 #include <QPushButton>
@@ -12,10 +13,8 @@ FrmAutore::FrmAutore(QWidget *parent) : QDialog(parent)
     setWindowTitle(QStringLiteral("Autore"));
     setModal(true);
 
-    QFont grande(QStringLiteral("Arial"), 20, QFont::Bold);
-    grande.setStyleHint(QFont::SansSerif);
-    QFont normale(QStringLiteral("Arial"), 13);
-    normale.setStyleHint(QFont::SansSerif);
+    const QFont grande = FontArial(20, true);
+    const QFont normale = FontArial(13);
 
     auto *nome = new QLabel(QStringLiteral("%1 %2").arg(Versione::nome(), Versione::versione()), this);
     nome->setObjectName(QStringLiteral("lblNome"));

@@ -6,6 +6,7 @@
 #include "exercise/lineabarra.h"
 #include "settings/coloriopzioni.h"
 #include "settings/stato.h"
+#include "ui/caratteri.h"
 #include "ui/confine.h"
 #include "ui/rigaopzioni.h"
 #include "ui/schermi.h"
@@ -26,16 +27,6 @@ constexpr Rgb kFuoco{255, 192, 128};
 const QColor kInchiostro(20, 40, 120);
 const QColor kBordo(225, 160, 100);
 
-// The design face is Arial; fontconfig picks its metric twin where it is missing.
-// Pixel sizes keep the fit of every text independent of the screen's DPI.
-QFont arial(int pixel, bool grassetto = false)
-{
-    QFont f(QStringLiteral("Arial"));
-    f.setStyleHint(QFont::SansSerif);
-    f.setPixelSize(pixel);
-    f.setBold(grassetto);
-    return f;
-}
 
 QString rgb(const QColor &c)
 {
@@ -85,7 +76,7 @@ QGroupBox *riquadro(QWidget *parent, const char *nome, const QString &ruolo, con
                      .arg(rgb(kInchiostro));
     r->setStyleSheet(stile);
     if (!titolo.isEmpty())
-        r->setFont(arial(40, true));
+        r->setFont(FontArialPixel(40, true));
     return r;
 }
 
@@ -161,15 +152,15 @@ void frmOperativo::costruisci()
 void frmOperativo::costruisciIntestazione(QWidget *pagina)
 {
     const auto sx = Qt::AlignLeft | Qt::AlignVCenter;
-    label1_ = etichetta(pagina, "Label1", QStringLiteral("argomento"), {10, 8, 850, 34}, arial(18, true), sx);
+    label1_ = etichetta(pagina, "Label1", QStringLiteral("argomento"), {10, 8, 850, 34}, FontArialPixel(18, true), sx);
     label2_ = etichetta(pagina, "Label2", QStringLiteral("tipo di esercizio"), {10, 46, 850, 32},
-                        arial(18, true), sx);
+                        FontArialPixel(18, true), sx);
     const QString scuro = rgb(QColor(128, 0, 0));
     label1_->setStyleSheet(QStringLiteral("QLabel { background: rgb(255, 240, 150); color: %1;"
                                           " border-radius: 6px; padding-left: 8px; }").arg(scuro));
     label2_->setStyleSheet(QStringLiteral("QLabel { background: rgb(250, 200, 110); color: %1;"
                                           " border-radius: 6px; padding-left: 8px; }").arg(scuro));
-    label7_ = etichetta(pagina, "Label7", QStringLiteral("modello"), {870, 8, 120, 70}, arial(14),
+    label7_ = etichetta(pagina, "Label7", QStringLiteral("modello"), {870, 8, 120, 70}, FontArialPixel(14),
                         Qt::AlignRight | Qt::AlignTop);
     label7_->setStyleSheet(QStringLiteral("QLabel { color: rgb(150, 110, 80); background: transparent; }"));
 
@@ -190,25 +181,25 @@ void frmOperativo::costruisciIntestazione(QWidget *pagina)
     };
     int x = 10;
     for (const Contatore &c : contatori) {
-        etichetta(pagina, c.titolo, c.didascalia, {x, 84, 140, 26}, arial(17), Qt::AlignCenter, c.didascalia);
-        *c.valore = etichetta(pagina, c.nome, QString::fromLatin1(c.ruolo), {x, 110, 140, 50}, arial(32, true),
+        etichetta(pagina, c.titolo, c.didascalia, {x, 84, 140, 26}, FontArialPixel(17), Qt::AlignCenter, c.didascalia);
+        *c.valore = etichetta(pagina, c.nome, QString::fromLatin1(c.ruolo), {x, 110, 140, 50}, FontArialPixel(32, true),
                               Qt::AlignCenter);
         casella(*c.valore);
         x += 150;
     }
-    lblEsito_ = etichetta(pagina, "LblEsito", QStringLiteral("esito"), {770, 84, 220, 76}, arial(44, true),
+    lblEsito_ = etichetta(pagina, "LblEsito", QStringLiteral("esito"), {770, 84, 220, 76}, FontArialPixel(44, true),
                           Qt::AlignCenter);
 }
 
 void frmOperativo::costruisciRiquadriEsercizio(QWidget *pagina)
 {
     const QRect area(10, 168, 980, 212);
-    const QFont domanda = arial(34);
-    const QFont risposta = arial(44, true);
+    const QFont domanda = FontArialPixel(34);
+    const QFont risposta = FontArialPixel(44, true);
     const auto dx = Qt::AlignRight | Qt::AlignVCenter;
     const auto sx = Qt::AlignLeft | Qt::AlignVCenter;
     const QString verde = QStringLiteral("QLabel { color: rgb(0, 120, 0); background: transparent; }");
-    const QFont consegna = arial(24);
+    const QFont consegna = FontArialPixel(24);
 
     // Find the number: question = [answer] symbol
     fraSimbolo_ = riquadro(pagina, "fraSimbolo", QStringLiteral("trova il simbolo"), area);
@@ -273,8 +264,8 @@ void frmOperativo::costruisciTastierini(QWidget *pagina)
     tasti << QStringLiteral(",") << QStringLiteral("Cancella") << QStringLiteral("Verifica")
           << QStringLiteral("Avanti") << QStringLiteral("Esci");
     option2_ = new RigaOpzioni(fraTastierino_, tasti, QStringLiteral("Option2"), o);
-    posa(option2_, 0, 10, 10, 16, 80, 112, 8, arial(46, true));
-    posa(option2_, 11, 14, 10, 144, 233, 120, 9, arial(32, true));
+    posa(option2_, 0, 10, 10, 16, 80, 112, 8, FontArialPixel(46, true));
+    posa(option2_, 11, 14, 10, 144, 233, 120, 9, FontArialPixel(32, true));
     QStringList nomi = tasti;
     nomi[10] = QStringLiteral("virgola");
     nomina(option2_, nomi);
@@ -283,8 +274,8 @@ void frmOperativo::costruisciTastierini(QWidget *pagina)
                                {QStringLiteral("h"), QStringLiteral("da"), QStringLiteral("u"), QStringLiteral("d"),
                                 QStringLiteral("Verifica"), QStringLiteral("Avanti"), QStringLiteral("Esci")},
                                QStringLiteral("Option1"), o);
-    posa(option1_, 0, 3, 10, 16, 233, 112, 9, arial(46, true));
-    posa(option1_, 4, 6, 10, 144, 312, 120, 11, arial(32, true));
+    posa(option1_, 0, 3, 10, 16, 233, 112, 9, FontArialPixel(46, true));
+    posa(option1_, 4, 6, 10, 144, 312, 120, 11, FontArialPixel(32, true));
     nomina(option1_, {QString(), QString(), QString(), QString(), QStringLiteral("Verifica"),
                       QStringLiteral("Avanti"), QStringLiteral("Esci")});
 
@@ -304,20 +295,20 @@ void frmOperativo::costruisciRiquadriAiuto(QWidget *pagina)
 {
     const QRect area(10, 390, 980, 282);
     const RigaOpzioni::Opzioni o = colori(stato_.settings);
-    const QFont tasto = arial(46, true);
+    const QFont tasto = FontArialPixel(46, true);
 
     fraAvviso_ = riquadro(pagina, "fraAvviso", QStringLiteral("fine degli esercizi"), area);
     optAvviso_ = new RigaOpzioni(fraAvviso_, {QStringLiteral("Stampa"), QStringLiteral("Ricomincia")},
                                  QStringLiteral("optAvviso"), o);
     posa(optAvviso_, 0, 1, 150, 34, 320, 130, 40, tasto);
     nomina(optAvviso_, {QStringLiteral("Stampa"), QStringLiteral("Ricomincia")});
-    label4_ = etichetta(fraAvviso_, "Label4", QStringLiteral("avviso"), {20, 190, 940, 60}, arial(30, true),
+    label4_ = etichetta(fraAvviso_, "Label4", QStringLiteral("avviso"), {20, 190, 940, 60}, FontArialPixel(30, true),
                         Qt::AlignCenter, QStringLiteral("Se ricominci gli esercizi andranno persi"));
     label4_->setStyleSheet(QStringLiteral("QLabel { color: rgb(190, 0, 0); background: transparent; }"));
 
     fraIntervento_ = riquadro(pagina, "fraIntervento", QStringLiteral("intervento"), area);
     lblIntervento_ = etichetta(fraIntervento_, "lblIntervento", QStringLiteral("intervento"), {20, 24, 940, 70},
-                               arial(44, true), Qt::AlignCenter, QStringLiteral("Intervengo io"));
+                               FontArialPixel(44, true), Qt::AlignCenter, QStringLiteral("Intervengo io"));
     optOK_ = new RigaOpzioni(fraIntervento_, {QStringLiteral("OK")}, QStringLiteral("optOK"), o);
     optOK_->bottone(0)->setObjectName(QStringLiteral("optOK"));
     posa(optOK_, 0, 0, 350, 116, 280, 130, 0, tasto);
@@ -343,7 +334,7 @@ void frmOperativo::costruisciRiquadriAiuto(QWidget *pagina)
 void frmOperativo::costruisciMenu()
 {
     QMenuBar *barra = menuBar();
-    barra->setFont(arial(16));
+    barra->setFont(FontArialPixel(16));
     QAction *visualizza = barra->addAction(QStringLiteral("Visualizza esercizio"));
     visualizza->setObjectName(QStringLiteral("mnuVisualizza"));
     QAction *quadro = barra->addAction(QStringLiteral("Il quadro"));

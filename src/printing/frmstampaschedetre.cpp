@@ -4,6 +4,7 @@
 #include "printing/schede.h"
 #include "printing/stampa.h"
 #include "settings/stato.h"
+#include "ui/caratteri.h"
 #include "ui/confine.h"
 #include "ui/rigaopzioni.h"
 #include "ui/schermi.h"
@@ -37,12 +38,6 @@ const std::array<QString, 3> testiOrdine{QStringLiteral("Simboli ordinati"),
 // The sheet title: a shared text that nothing assigns.
 const QString TestoTitolo;
 
-QFont fontArial(int punti, bool grassetto)
-{
-    QFont f(QStringLiteral("Arial"), punti, grassetto ? QFont::Bold : QFont::Normal);
-    f.setStyleHint(QFont::SansSerif);
-    return f;
-}
 
 void colora(QWidget *w, const QColor &c)
 {
@@ -115,7 +110,7 @@ void FrmStampaSchedeTre::costruisci()
                            {10, 662, 155, 48});
     cmdEsci_ = tasto(QStringLiteral("cmdEsci"), QStringLiteral("ESCI"), form, {175, 662, 155, 48});
     for (QPushButton *b : {CmdRicomincia_, cmdEsci_})
-        b->setFont(fontArial(10, true));
+        b->setFont(FontArial(10, true));
     connect(CmdRicomincia_, &QPushButton::clicked, this, [this] { confine([&] { CmdRicomincia_Click(); }); });
     connect(cmdEsci_, &QPushButton::clicked, this, [this] {
         confine([&] {
@@ -177,7 +172,7 @@ void FrmStampaSchedeTre::costruisciScelte(QWidget *form)
         QPushButton *b2 = Option2_->bottone(i);
         b2->setGeometry(14, 12 + i * 52, 292, 36);
         for (QPushButton *b : {b1, b2}) {
-            b->setFont(fontArial(11, true));
+            b->setFont(FontArial(11, true));
             b->setAccessibleName(b->text().simplified());
         }
         Label3_[std::size_t(i)]->setAccessibleName(QStringLiteral("Segno di %1").arg(b1->text().simplified()));
@@ -257,7 +252,7 @@ void FrmStampaSchedeTre::costruisciScheda(QWidget *form)
         auto *g = new QGroupBox(titolo, Frame1_);
         g->setObjectName(nome);
         g->setAccessibleName(titolo);
-        g->setFont(fontArial(10, true));
+        g->setFont(FontArial(10, true));
         g->setGeometry(8, y, 304, 96);
         return g;
     };
@@ -294,7 +289,7 @@ void FrmStampaSchedeTre::costruisciAnteprima(QWidget *form)
     Label2_->setObjectName(QStringLiteral("Label2"));
     Label2_->setGeometry(350, 36, 820, 26);
     for (QLabel *l : {Label1_, Label2_}) {
-        l->setFont(fontArial(12, true));
+        l->setFont(FontArial(12, true));
         l->setTextFormat(Qt::PlainText);
     }
     Label1_->setAccessibleName(QStringLiteral("Tipo di esercizio"));
