@@ -101,7 +101,7 @@ int giro(int argc, char **argv)
     QApplication app(argc, argv);
     Programma p;
     p.stampante().setSoloPdf(true);
-    p.stampante().setApriPdf([](const QString &) {});
+    p.stampante().setVisualizzatore(QStringLiteral("true"));
     if (!apriEsercizio(p))
         return 1;
     for (int item = 0; item < 30; ++item) {

@@ -5,9 +5,11 @@
 #include "printing/fileesercizio.h"
 #include "printing/stampa.h"
 #include "settings/stato.h"
+#include "ui/caratteri.h"
 #include "ui/confine.h"
 #include "ui/rigaopzioni.h"
 #include "ui/schermi.h"
+#include "ui/stampante.h"
 
 #include <QAction>
 #include <QCoreApplication>
@@ -38,12 +40,6 @@ QFont fontProgetto()
     return f;
 }
 
-QFont fontArial(int punti, bool grassetto)
-{
-    QFont f(QStringLiteral("Arial"), punti, grassetto ? QFont::Bold : QFont::Normal);
-    f.setStyleHint(QFont::SansSerif);
-    return f;
-}
 
 // A label's accessible name is its text; an empty line still needs a name.
 void nomeRiga(QLabel *l, int i)
@@ -76,7 +72,7 @@ void FrmStampaEsercizioTre::costruisci()
 
     auto *Label5 = new QLabel(QStringLiteral("E S E R C I Z I   E S E G U I T I "), form);
     Label5->setObjectName(QStringLiteral("Label5"));
-    Label5->setFont(fontArial(16, true));
+    Label5->setFont(FontArial(16, true));
     Label5->setAlignment(Qt::AlignCenter);
     Label5->setGeometry(20, 8, larghezzaRiga + 16, 40);
     Label5->setAccessibleName(QStringLiteral("Esercizi eseguiti"));
@@ -114,7 +110,7 @@ void FrmStampaEsercizioTre::costruisci()
     const int yTasti[] = {altezzaForm - 72, 60, 130, 200};
     for (int i = 0; i < Command1_->count(); ++i) {
         QPushButton *b = Command1_->bottone(i);
-        b->setFont(fontArial(10, true));
+        b->setFont(FontArial(10, true));
         b->setGeometry(xTasti, yTasti[i], larghezzaTasti, 56);
         b->setAccessibleName(b->text().simplified());
     }
@@ -203,7 +199,14 @@ void FrmStampaEsercizioTre::Command1_Click(int indice)
         }
         break;
     case 1:
-        StampaEsercizio(stato_);
+        try {
+            StampaEsercizio(stato_);
+        } catch (const ErroreStampa &e) {
+            // The teacher must know the page did not come out, and why.
+            if (stato_.servizi.messaggi)
+                stato_.servizi.messaggi->mostra(e.testo(), QStringLiteral("Errore di stampa"),
+                                                IMessageBox::Icona::Critica);
+        }
         break;
     case 2:
         SalvaEsercizio(stato_);

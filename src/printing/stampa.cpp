@@ -53,6 +53,9 @@ IPrinter *apriDocumento(Stato &s, const QString &documento)
     }
     p->setDocumentName(s.settings.NomeFile + documento);
     p->setFontName(carattere);
+    // The device keeps its font between documents: every printout starts
+    // plain, whatever the one before left on.
+    p->setFontBold(false);
     return p;
 }
 
@@ -105,8 +108,6 @@ void IntestazioneScheda(IPrinter &p, const QString &label1, const QString &label
     // The header is always asked for in "Courier New"; the device substitutes
     // when only "Courier" exists.
     p.setFontName(QStringLiteral("Courier New"));
-    // The exercise printout leaves bold on; worksheet lines are plain.
-    p.setFontBold(false);
     posiziona(p, 1000, 900);
     p.setFontSize(13);
     p.print(QStringLiteral("Classe          Nome e cognome                     "));

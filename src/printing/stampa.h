@@ -11,7 +11,7 @@ QString CercaCarattere(IPrinter &p);
 
 // The exercise done, one page. Shows "Devi installare il font Courier o il
 // font Courier New" and prints nothing when no fixed-pitch font is found.
-// Printer errors (ErroreStampa) are left to the caller's event boundary.
+// Printer errors (ErroreStampa) are the caller's to report.
 void StampaEsercizio(Stato &s);
 
 // The worksheet in RigheScheda, one page, for TipoScheda 1 (pupils) or 2

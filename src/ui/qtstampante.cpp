@@ -1,6 +1,5 @@
 #include "ui/qtstampante.h"
 
-#include <QDesktopServices>
 #include <QDir>
 #include <QFontDatabase>
 #include <QFontInfo>
@@ -8,7 +7,7 @@
 #include <QPainter>
 #include <QPrinter>
 #include <QPrinterInfo>
-#include <QUrl>
+#include <QProcess>
 
 namespace {
 
@@ -23,10 +22,7 @@ QString senzaFonderia(QString famiglia)
 
 } // namespace
 
-QtPrinter::QtPrinter()
-    : apriPdf_([](const QString &file) { QDesktopServices::openUrl(QUrl::fromLocalFile(file)); })
-{
-}
+QtPrinter::QtPrinter() = default;
 
 QtPrinter::~QtPrinter()
 {
@@ -133,14 +129,16 @@ void QtPrinter::iniziaPagina()
         filePdf_.clear();
         printer_->setPrinterName(stampante);
         if (printer_->printerName() != stampante)
-            throw ErroreStampa("printer not available: " + stampante.toStdString());
+            throw ErroreStampa(QStringLiteral("La stampante %1 non è disponibile.").arg(stampante));
     }
     printer_->setResolution(1440);
     painter_ = std::make_unique<QPainter>();
     if (!painter_->begin(printer_.get())) {
         painter_.reset();
         printer_.reset();
-        throw ErroreStampa("cannot begin the page on " + (filePdf_.isEmpty() ? stampante : filePdf_).toStdString());
+        throw ErroreStampa(filePdf_.isEmpty()
+                               ? QStringLiteral("La stampante %1 non accetta la pagina.").arg(stampante)
+                               : QStringLiteral("Impossibile scrivere il file %1.").arg(filePdf_));
     }
 }
 
@@ -168,7 +166,29 @@ void QtPrinter::endDoc()
     painter_.reset();
     printer_.reset();
     if (!ok)
-        throw ErroreStampa("the page could not be sent");
-    if (!filePdf_.isEmpty() && apriPdf_)
-        apriPdf_(filePdf_);
+        throw ErroreStampa(filePdf_.isEmpty() ? QStringLiteral("La pagina non è stata inviata alla stampante.")
+                                              : QStringLiteral("Impossibile scrivere il file %1.").arg(filePdf_));
+    if (!filePdf_.isEmpty())
+        mostraPdf(filePdf_);
+}
+
+// The viewer is not waited for. When it cannot be started, or gives up
+// (no program for PDF files), the user is told where the page went.
+void QtPrinter::mostraPdf(const QString &file)
+{
+    auto *viewer = new QProcess;
+    const auto fine = [viewer, file, vivo = std::weak_ptr<bool>(vivo_), messaggi = messaggi_](bool riuscito) {
+        viewer->deleteLater();
+        if (!riuscito && !vivo.expired() && messaggi)
+            messaggi->mostra(QStringLiteral("Nessuna stampante installata: la pagina è stata salvata nel file\n%1")
+                                 .arg(QDir::toNativeSeparators(file)),
+                             QStringLiteral("Stampa"));
+    };
+    QObject::connect(viewer, &QProcess::finished, viewer,
+                     [fine](int codice, QProcess::ExitStatus uscita) { fine(uscita == QProcess::NormalExit && codice == 0); });
+    QObject::connect(viewer, &QProcess::errorOccurred, viewer, [fine](QProcess::ProcessError e) {
+        if (e == QProcess::FailedToStart)
+            fine(false);
+    });
+    viewer->start(visualizzatore_, {file});
 }

@@ -3,9 +3,9 @@
 // twip. With no printer installed at all, each page is written as a PDF in
 // the current folder (named after the document) and shown in the system's
 // PDF viewer.
+#include "content/piattaforma.h"
 #include "ui/stampante.h"
 #include <QStringList>
-#include <functional>
 #include <memory>
 
 class QPainter;
@@ -39,8 +39,10 @@ public:
     // font configuration maps them to an installed fixed-pitch face.
     static QStringList elencoFont();
 
-    // Shows a finished PDF; the default hands it to the desktop.
-    void setApriPdf(std::function<void(const QString &)> apri) { apriPdf_ = std::move(apri); }
+    // The program that shows a finished PDF ("xdg-open": the desktop's
+    // viewer), and where to say where the file is when it cannot.
+    void setVisualizzatore(const QString &programma) { visualizzatore_ = programma; }
+    void setMessaggi(IMessageBox *messaggi) { messaggi_ = messaggi; }
     // Writes PDF files even when printers are installed (tests).
     void setSoloPdf(bool solo) { soloPdf_ = solo; }
     // The PDF file of the page being made, or of the last one (empty: none).
@@ -48,6 +50,7 @@ public:
 
 private:
     void iniziaPagina();
+    void mostraPdf(const QString &file);
 
     std::unique_ptr<QPrinter> printer_;
     std::unique_ptr<QPainter> painter_;
@@ -61,5 +64,8 @@ private:
     QString documento_;
     QString filePdf_;
     bool soloPdf_ = false;
-    std::function<void(const QString &)> apriPdf_;
+    QString visualizzatore_ = QStringLiteral("xdg-open");
+    IMessageBox *messaggi_ = nullptr;
+    // Outlived by the viewers still running: they look at it before speaking.
+    std::shared_ptr<bool> vivo_ = std::make_shared<bool>(true);
 };

@@ -3,9 +3,11 @@
 #include <QStringList>
 #include <stdexcept>
 
-// A printer failed while a page was being made or sent.
+// A printer failed while a page was being made or sent. The text, in UTF-8,
+// is meant for the user.
 struct ErroreStampa : std::runtime_error {
-    using std::runtime_error::runtime_error;
+    explicit ErroreStampa(const QString &testo) : std::runtime_error(testo.toStdString()) {}
+    QString testo() const { return QString::fromUtf8(what()); }
 };
 
 // The current printer of the run, as the printing screens use it: a line

@@ -7,6 +7,7 @@
 #include "fakes/fakes.h"
 #include "printing/fileesercizio.h"
 #include "printing/frmsceltastampante.h"
+#include "printing/frmstampaeserciziotre.h"
 #include "printing/frmstampaschedetre.h"
 #include "printing/stampa.h"
 #include "settings/stato.h"
@@ -214,7 +215,7 @@ private slots:
         s_.record.NumeroEsercizio = s_.fogli.NumeroOperazioni = qint16(righe);
         s_.fogli.StampaRidotta = qint16(ridotta);
         const bool es = tipo == 0;
-        p_.grassetto = !es; // a worksheet finds bold on, as an exercise printout leaves it
+        p_.grassetto = true; // the device keeps the font the last document left: each starts plain
         es ? StampaEsercizio(s_) : StampaScheda(s_, qint16(tipo), QStringLiteral("Trova il numero"), QStringLiteral("Simboli ordinati"));
         if (font.isEmpty()) {
             QCOMPARE(box_.mostrati.size(), 1);
@@ -261,20 +262,78 @@ private slots:
         QVERIFY_THROWS_EXCEPTION(ErroreStampa, StampaEsercizio(s_));
     }
 
-    // The real device writing a PDF: each line within a point of its twips
-    // from the printable area's corner.
+    // The printout screen shows the lines in the printer's face, counts the
+    // shared counter on past them, and tells the teacher when the printer
+    // fails (here after three lines) instead of failing silently.
+    void schermoEsercizio()
+    {
+        s_.record.NumeroEsercizio = 12;
+        p_.stampeRiuscite = 3;
+        w_ = std::make_unique<FrmStampaEsercizioTre>(s_);
+        w_->show();
+        QVERIFY(QTest::qWaitForWindowActive(w_.get()));
+        QCOMPARE(testo("LblOp(12)"), riga('E', 12));
+        QCOMPARE(testo("LblOp(13)"), QString());
+        const QFont f = ctl("LblOp(12)")->font();
+        QCOMPARE(QStringLiteral("%1 %2 %3").arg(f.family()).arg(f.pointSize()).arg(f.bold()), "Courier New 10 1");
+        QCOMPARE(s_.fogli.NumeroOperazioni, qint16(13));
+        QCOMPARE(QApplication::focusWidget()->objectName(), QStringLiteral("Command1(1)"));
+        premi(Qt::Key_Return); // "STAMPA L'ESERCIZIO"
+        QCOMPARE(box_.mostrati.size(), 1);
+        QCOMPARE(box_.mostrati[0].testo + box_.mostrati[0].titolo, QStringLiteral("fake printer: print failed") + "Errore di stampa");
+        QCOMPARE(box_.mostrati[0].icona, IMessageBox::Icona::Critica);
+        premi(Qt::Key_Space);
+        premi(Qt::Key_Return); // "SALVA  L'ESERCIZIO"
+        QVERIFY(QFile::exists(dat_));
+        QTest::mouseClick(ctl("Command1(0)"), Qt::LeftButton); // "ESCI"
+        QCOMPARE(schermi_.chiamate, (QList{qMakePair(QStringLiteral("apri"), Schermo::Operativo),
+                                           qMakePair(QStringLiteral("chiudi"), Schermo::StampaEsercizio)}));
+    }
+
+    // The real device writing a PDF, as with no printer installed: the
+    // viewer shows it, or the user is told where it is; a PDF that cannot be
+    // written is a printer error like any other. Each line lies within a
+    // point of its twips from the printable area's corner.
+    void paginaPdf_data()
+    {
+        QTest::addColumn<QString>("visualizzatore");
+        QTest::addColumn<bool>("bloccato"); // a folder stands where the file goes
+        QTest::addColumn<QString>("detto");
+        const QString file = QDir::current().absoluteFilePath(QStringLiteral("provaEsercizio.pdf"));
+        const QString dove = QStringLiteral("Nessuna stampante installata: la pagina è stata salvata nel file\n") + file;
+        QTest::newRow("the viewer shows it") << "true" << false << "";
+        QTest::newRow("the viewer gives up") << "false" << false << dove;
+        QTest::newRow("no viewer") << "/no/such/viewer" << false << dove;
+        QTest::newRow("cannot be written") << "true" << true << "Impossibile scrivere il file " + file + ".";
+    }
     void paginaPdf()
     {
+        QFETCH(QString, visualizzatore);
+        QFETCH(bool, bloccato);
+        QFETCH(QString, detto);
         if (QStandardPaths::findExecutable(QStringLiteral("pdftotext")).isEmpty())
             QSKIP("pdftotext (poppler-utils) is not installed");
         QtPrinter qt;
-        QString pdf;
         qt.setSoloPdf(true);
-        qt.setApriPdf([&](const QString &f) { pdf = f; });
+        qt.setVisualizzatore(visualizzatore);
+        qt.setMessaggi(&box_);
         s_.servizi.stampante = &qt;
         s_.record.NumeroEsercizio = 20;
-        StampaEsercizio(s_);
-        QCOMPARE(pdf, QDir::current().absoluteFilePath(QStringLiteral("provaEsercizio.pdf")));
+        const QString pdf = QDir::current().absoluteFilePath(QStringLiteral("provaEsercizio.pdf"));
+        QFile::remove(pdf);
+        QVERIFY(QDir(pdf).removeRecursively() && (!bloccato || QDir().mkdir(pdf)));
+        try {
+            StampaEsercizio(s_);
+        } catch (const ErroreStampa &e) {
+            box_.mostra(e.testo(), {}, {});
+        }
+        QTest::qWait(200); // the viewer runs on its own
+        QTRY_COMPARE(box_.mostrati.size(), int(!detto.isEmpty()));
+        if (!detto.isEmpty()) {
+            QCOMPARE(box_.mostrati[0].testo, detto);
+            return;
+        }
+        QCOMPARE(qt.filePdf(), pdf);
 
         QProcess pt;
         pt.start(QStringLiteral("pdftotext"), {QStringLiteral("-bbox"), pdf, QStringLiteral("-")});
