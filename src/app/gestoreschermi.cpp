@@ -3,6 +3,7 @@
 #include "app/frmautore.h"
 #include "settings/frminizio.h"
 #include "settings/frmopzioni.h"
+#include "settings/resizecolore.h"
 #include "settings/stato.h"
 
 #include <QDialog>
@@ -73,6 +74,7 @@ void GestoreSchermi::apri(Schermo s)
             return;
         schermi_[s] = w;
         w->installEventFilter(this);
+        AdattaAlloSchermo(w, cornice());
     }
     if (auto *d = qobject_cast<QDialog *>(w.data()); d && s == Schermo::Autore) {
         d->exec();
@@ -81,6 +83,19 @@ void GestoreSchermi::apri(Schermo s)
     w->show();
     w->raise();
     w->activateWindow();
+}
+
+// What the window system draws around a screen, as seen on one already on
+// view; before any is, a title bar and a thin border.
+QMargins GestoreSchermi::cornice() const
+{
+    for (const auto &[s, w] : schermi_) {
+        if (w && w->isVisible()) {
+            const QRect g = w->geometry(), f = w->frameGeometry();
+            return {g.left() - f.left(), g.top() - f.top(), f.right() - g.right(), f.bottom() - g.bottom()};
+        }
+    }
+    return {4, 32, 4, 4};
 }
 
 void GestoreSchermi::chiudi(Schermo s)

@@ -2,6 +2,7 @@
 // Loads each screen on first use with the shared state, shows it, and unloads
 // it on request. When no screen is left on view the program is over.
 #include "ui/schermi.h"
+#include <QMargins>
 #include <QObject>
 #include <QPointer>
 #include <QWidget>
@@ -37,6 +38,7 @@ protected:
 
 private:
     void controllaFine();
+    QMargins cornice() const;
 
     Stato &stato_;
     Fabbrica fabbrica_;

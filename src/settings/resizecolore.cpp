@@ -4,6 +4,7 @@
 #include <QFrame>
 #include <QMenu>
 #include <QMenuBar>
+#include <QScreen>
 
 namespace {
 
@@ -52,4 +53,22 @@ void ResizeColore::applica()
         v.controllo->setGeometry(qRound(v.sinistra * W), qRound(v.alto * H),
                                  qRound(v.larghezza * W), qRound(v.altezza * H));
     }
+}
+
+QSize DimensioneAdattata(QSize design, QSize spazio)
+{
+    if (design.width() <= spazio.width() && design.height() <= spazio.height())
+        return design;
+    return design.scaled(spazio.expandedTo({1, 1}), Qt::KeepAspectRatio);
+}
+
+void AdattaAlloSchermo(QWidget *schermo, const QMargins &cornice)
+{
+    const QRect area = schermo->screen()->availableGeometry();
+    const QSize adattata = DimensioneAdattata(schermo->size(), area.size().shrunkBy(cornice));
+    if (adattata == schermo->size())
+        return;
+    schermo->resize(adattata);
+    const QSize intera = adattata.grownBy(cornice);
+    schermo->move(area.x() + (area.width() - intera.width()) / 2, area.y() + (area.height() - intera.height()) / 2);
 }

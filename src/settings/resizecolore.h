@@ -6,6 +6,15 @@
 #include <QPointer>
 #include <QWidget>
 
+// The size a screen of design size `design` opens at in `spazio`: the design
+// itself when it fits, else the largest size of the same proportions that does.
+QSize DimensioneAdattata(QSize design, QSize spazio);
+
+// Scales a screen about to be shown down to its screen's free area, frame
+// included (`cornice`: what the window system adds around it), and centres it
+// there, so that no row of keys opens off the screen.
+void AdattaAlloSchermo(QWidget *schermo, const QMargins &cornice);
+
 class ResizeColore
 {
 public:
