@@ -43,8 +43,10 @@ Programma::Programma() : schermi_(stato)
     stato.servizi.messaggi = &messaggi_;
     suono_.carica(QCoreApplication::applicationDirPath() + QStringLiteral("/positivo.wav"));
     stato.servizi.suono = &suono_;
+    stampante_.setMessaggi(&messaggi_);
     stato.servizi.stampante = &stampante_;
     stato.servizi.schermi = &schermi_;
+    QCoreApplication::instance()->installEventFilter(&unaPressione_);
     QObject::connect(&schermi_, &GestoreSchermi::tuttiChiusi, QCoreApplication::instance(),
                      &QCoreApplication::quit, Qt::QueuedConnection);
 }

@@ -7,6 +7,7 @@
 #include "ui/alsasuono.h"
 #include "ui/qtpiattaforma.h"
 #include "ui/qtstampante.h"
+#include "ui/unapressione.h"
 
 class Programma
 {
@@ -31,4 +32,5 @@ private:
     AlsaSound suono_;
     QtPrinter stampante_;
     GestoreSchermi schermi_;
+    UnaPressione unaPressione_;
 };

@@ -211,13 +211,19 @@ void frmOperativo::Verifica()
             rigaCorrente() += CodaEsatta(spaziSimboli_, risposta_.testo, testoTempoParziale_);
         ControllaFine();
         // The pupil goes on by mouse or switch as well as with the letter A:
-        // the keys that lead on become available once the answer is right.
+        // the keys that lead on become available once the answer is right,
+        // and the focus waits on "Avanti", so that pressing the switch again
+        // moves on instead of verifying the same answer twice.
         if (voceNumero())
             for (int i : {13, 14})
                 option2_->bottone(i)->setEnabled(true);
         if (voceSimbolo())
             for (int i : {5, 6})
                 option1_->bottone(i)->setEnabled(true);
+        if (fraTastierino_->isEnabled())
+            fuoco(option2_, 13);
+        else if (fraSimboli_->isEnabled())
+            fuoco(option1_, 5);
         return;
     }
 

@@ -3,6 +3,7 @@
 #include "content/catalogo.h"
 #include "settings/filesettings.h"
 #include "settings/stato.h"
+#include "ui/caratteri.h"
 #include "ui/confine.h"
 #include "ui/rigaopzioni.h"
 #include "ui/schermi.h"
@@ -31,12 +32,6 @@ const QColor kTitoli(20, 40, 120);
 const QString kFrecciaLivello = QStringLiteral("\u279C");
 const QString kFrecciaCifre = QStringLiteral("\u2B06");
 
-QFont arial(int punti, bool grassetto = false)
-{
-    QFont f(QStringLiteral("Arial"), punti, grassetto ? QFont::Bold : QFont::Normal);
-    f.setStyleHint(QFont::SansSerif);
-    return f;
-}
 
 QLabel *etichetta(QWidget *parent, const QString &nome, const QString &testo, const QRect &g,
                   const QFont &font, Qt::Alignment allinea = Qt::AlignLeft | Qt::AlignVCenter)
@@ -57,16 +52,14 @@ void sfondo(QWidget *w, const QColor &c)
     w->setAutoFillBackground(true);
 }
 
-// A label that works as a key: the mouse, or Space and Enter once it has the focus.
+// A label that steps a setting under the mouse. It never takes the focus: a
+// pupil scanning a row with one switch must not be pulled off it by a touch.
 void comeTasto(QLabel *l, const QString &ruolo)
 {
     l->setAccessibleName(ruolo);
     l->setToolTip(ruolo);
-    l->setFocusPolicy(Qt::StrongFocus);
     l->setCursor(Qt::PointingHandCursor);
-    l->setStyleSheet(QStringLiteral("QLabel { color: rgb(20, 40, 120); border: 2px solid transparent;"
-                                    " border-radius: 8px; }"
-                                    " QLabel:focus { border: 3px solid black; }"));
+    l->setStyleSheet(QStringLiteral("QLabel { color: rgb(20, 40, 120); }"));
 }
 
 } // namespace
@@ -106,7 +99,7 @@ void FrmInizio::costruisci()
                              QStringLiteral("COMPOSIZIONE DEI VALORI DI POSIZIONE"),
                              QStringLiteral(" u   d c m")};
     const QRect gTitoli[3] = {{20, 14, 750, 38}, {20, 54, 750, 36}, {20, 92, 750, 34}};
-    const QFont fTitoli[3] = {arial(22, true), arial(18, true), arial(16)};
+    const QFont fTitoli[3] = {FontArial(22, true), FontArial(18, true), FontArial(16)};
     for (int i = 0; i < 3; ++i) {
         label6_[i] = etichetta(pagina_, QStringLiteral("Label6(%1)").arg(i), titoli[i], gTitoli[i],
                                fTitoli[i], Qt::AlignCenter);
@@ -117,20 +110,20 @@ void FrmInizio::costruisci()
     }
 
     auto *lblLivello = etichetta(pagina_, QStringLiteral("lblLivello"), QStringLiteral("Livello"),
-                                 {800, 12, 90, 26}, arial(12), Qt::AlignCenter);
+                                 {800, 12, 90, 26}, FontArial(12), Qt::AlignCenter);
     lblLivello->setStyleSheet(QStringLiteral("color: rgb(20, 40, 120);"));
-    label3_ = etichetta(pagina_, QStringLiteral("Label3"), QString(), {800, 38, 90, 50}, arial(30, true),
+    label3_ = etichetta(pagina_, QStringLiteral("Label3"), QString(), {800, 38, 90, 50}, FontArial(30, true),
                         Qt::AlignCenter);
     label3_->setAccessibleDescription(QStringLiteral("livello"));
     label3_->setStyleSheet(QStringLiteral("color: rgb(20, 40, 120);"));
-    label8_ = etichetta(pagina_, QStringLiteral("Label8"), QString(), {895, 28, 85, 60}, arial(30, true),
+    label8_ = etichetta(pagina_, QStringLiteral("Label8"), QString(), {895, 28, 85, 60}, FontArial(30, true),
                         Qt::AlignCenter);
     comeTasto(label8_, QStringLiteral("aumenta livello"));
-    lblCifre_ = etichetta(pagina_, QStringLiteral("lblCifre"), QString(), {800, 92, 115, 36}, arial(16, true),
+    lblCifre_ = etichetta(pagina_, QStringLiteral("lblCifre"), QString(), {800, 92, 115, 36}, FontArial(16, true),
                           Qt::AlignCenter);
     lblCifre_->setStyleSheet(QStringLiteral("color: rgb(20, 40, 120);"));
     lblCifre_->setCursor(Qt::PointingHandCursor);
-    label7_ = etichetta(pagina_, QStringLiteral("Label7"), QString(), {918, 88, 62, 42}, arial(22, true),
+    label7_ = etichetta(pagina_, QStringLiteral("Label7"), QString(), {918, 88, 62, 42}, FontArial(22, true),
                         Qt::AlignCenter);
     comeTasto(label7_, QStringLiteral("cambia numero di cifre"));
     for (QLabel *l : {label8_, label7_, lblCifre_})
@@ -138,7 +131,7 @@ void FrmInizio::costruisci()
 
     // The three rows. The row flags of the kind row are also set by a mouse
     // press, so the first key after a mouse choice there is swallowed.
-    const QFont fTasti = arial(18, true);
+    const QFont fTasti = FontArial(18, true);
     const QStringList captions[4] = {
         {},
         {QStringLiteral("numero"), QStringLiteral("simbolo"), QStringLiteral("numero o simbolo")},
@@ -178,12 +171,12 @@ void FrmInizio::costruisci()
     frame_[3]->setEnabled(false);
 
     label4_[2] = etichetta(pagina_, QStringLiteral("Label4(2)"), QStringLiteral("Trova il ..."),
-                           {24, 140, 400, 34}, arial(18, true));
+                           {24, 140, 400, 34}, FontArial(18, true));
     label4_[3] = etichetta(pagina_, QStringLiteral("Label4(3)"), QStringLiteral("Usa i ..."),
-                           {24, 308, 400, 34}, arial(18, true));
-    label1_ = etichetta(pagina_, QStringLiteral("Label1"), QString(), {24, 274, 956, 32}, arial(16));
+                           {24, 308, 400, 34}, FontArial(18, true));
+    label1_ = etichetta(pagina_, QStringLiteral("Label1"), QString(), {24, 274, 956, 32}, FontArial(16));
     label1_->setAccessibleDescription(QStringLiteral("esercizio scelto"));
-    label2_ = etichetta(pagina_, QStringLiteral("Label2"), QString(), {24, 442, 956, 32}, arial(16));
+    label2_ = etichetta(pagina_, QStringLiteral("Label2"), QString(), {24, 442, 956, 32}, FontArial(16));
     label2_->setAccessibleDescription(QStringLiteral("ordine scelto"));
 
     auto *frame4 = new QFrame(pagina_);
@@ -197,7 +190,7 @@ void FrmInizio::costruisci()
         label4_[i]->setStyleSheet(QStringLiteral("color: red;"));
     etichetta(pagina_, QStringLiteral("Label5"),
               QStringLiteral("Composizione - esercizi sul sistema decimale e sulle misure"),
-              {260, 606, 720, 32}, arial(11), Qt::AlignRight | Qt::AlignVCenter);
+              {260, 606, 720, 32}, FontArial(11), Qt::AlignRight | Qt::AlignVCenter);
 
     picture1_ = new QFrame(pagina_);
     picture1_->setObjectName(QStringLiteral("Picture1"));
@@ -220,7 +213,7 @@ void FrmInizio::costruisci()
 void FrmInizio::costruisciMenu()
 {
     QMenuBar *barra = menuBar();
-    barra->setFont(arial(12));
+    barra->setFont(FontArial(12));
     mnuSchede_ = barra->addAction(QStringLiteral("Stampa schede"));
     mnuSchede_->setObjectName(QStringLiteral("mnuSchede"));
     auto *istruzioni = barra->addAction(QStringLiteral("Istruzioni"));
@@ -246,7 +239,8 @@ void FrmInizio::avvio()
     // The curtains cover the page when it first shows and open from the middle.
     tendine_.avvia(kLarghezza * Tendine::kTwipsPerPixel);
     posaTendine();
-    timerTendine_->start();
+    // The timer runs from the first paint on (see eventFilter): ticking
+    // before the page is on view would only paint what the curtains hide.
 
     resize_.prendi(pagina_);
 
@@ -447,31 +441,37 @@ bool FrmInizio::eventFilter(QObject *o, QEvent *e)
         if (e->type() == QEvent::Resize) {
             resize_.applica();
             posaTendine();
+        } else if (e->type() == QEvent::Paint && !tendineAvviate_) {
+            tendineAvviate_ = true;
+            if (tendine_.attiva())
+                timerTendine_->start();
         }
         return false;
     }
-    const bool titolo = o == label6_[0] || o == label6_[1] || o == label6_[2];
+    const bool livello = o == label6_[0] || o == label6_[1] || o == label6_[2] || o == label8_;
+    const bool cifre = o == label7_ || o == lblCifre_;
     switch (e->type()) {
     case QEvent::MouseButtonPress:
-        if (o == label7_ || o == lblCifre_) {
+        if (cifre) {
             confine([&] { passoCifre(); });
+            return true;
+        }
+        break;
+    case QEvent::MouseButtonDblClick:
+        // The second press of a double click: children double-click, and it
+        // must still be one step.
+        if (livello || cifre) {
+            doppioClic_ = o;
             return true;
         }
         break;
     case QEvent::MouseButtonRelease: {
         auto *m = static_cast<QMouseEvent *>(e);
         auto *w = static_cast<QWidget *>(o);
-        if ((titolo || o == label8_) && m->button() == Qt::LeftButton && w->rect().contains(m->position().toPoint())) {
+        const bool secondo = doppioClic_ == o;
+        doppioClic_ = nullptr;
+        if (livello && !secondo && m->button() == Qt::LeftButton && w->rect().contains(m->position().toPoint())) {
             confine([&] { passoLivello(); });
-            return true;
-        }
-        break;
-    }
-    case QEvent::KeyPress: {
-        const int key = static_cast<QKeyEvent *>(e)->key();
-        if ((o == label8_ || o == label7_) &&
-            (key == Qt::Key_Space || key == Qt::Key_Return || key == Qt::Key_Enter)) {
-            confine([&] { o == label8_ ? passoLivello() : passoCifre(); });
             return true;
         }
         break;

@@ -4,6 +4,7 @@
 #include "settings/coloriopzioni.h"
 #include "settings/filesettings.h"
 #include "settings/stato.h"
+#include "ui/caratteri.h"
 #include "ui/confine.h"
 #include "ui/rigaopzioni.h"
 #include "ui/schermi.h"
@@ -16,12 +17,6 @@
 
 namespace {
 
-QFont arial(int punti, bool grassetto = false)
-{
-    QFont f(QStringLiteral("Arial"), punti, grassetto ? QFont::Bold : QFont::Normal);
-    f.setStyleHint(QFont::SansSerif);
-    return f;
-}
 
 template <typename T>
 T *elemento(const QList<T *> &lista, int i)
@@ -62,7 +57,7 @@ FrmOpzioni::FrmOpzioni(Stato &stato, QWidget *parent) : QWidget(parent), stato_(
 
     QGroupBox *quadro =
         riquadro(this, QStringLiteral("Frame2"), QStringLiteral("QUADRO DELLE SCELTE"), {10, 8, 700, 464});
-    quadro->setFont(arial(11, true));
+    quadro->setFont(FontArial(11, true));
 
     const QStringList nomi = ColoriOpzioni::nomi();
     option1_ = elenco(riquadro(quadro, QStringLiteral("Frame3"), QStringLiteral("COLORE SFONDO PAGINA"),
@@ -102,7 +97,7 @@ FrmOpzioni::FrmOpzioni(Stato &stato, QWidget *parent) : QWidget(parent), stato_(
 
     frame1_ = riquadro(this, QStringLiteral("Frame1"), QStringLiteral("ANTEPRIMA DELLE TUE SCELTE"),
                        {720, 8, 270, 226});
-    frame1_->setFont(arial(11, true));
+    frame1_->setFont(FontArial(11, true));
     option4_ = new QPushButton(QStringLiteral("123"), frame1_);
     option4_->setObjectName(QStringLiteral("Option4"));
     option4_->setAccessibleName(QStringLiteral("anteprima del tasto evidenziato"));
@@ -119,7 +114,7 @@ FrmOpzioni::FrmOpzioni(Stato &stato, QWidget *parent) : QWidget(parent), stato_(
     label4_->setGeometry(140, 124, 114, 70);
     for (QWidget *w : {static_cast<QWidget *>(option4_), static_cast<QWidget *>(option2_),
                        static_cast<QWidget *>(label5_), static_cast<QWidget *>(label4_)})
-        w->setFont(arial(22, true));
+        w->setFont(FontArial(22, true));
     label5_->setAlignment(Qt::AlignCenter);
     label4_->setAlignment(Qt::AlignCenter);
     testoLabel4_ = QColor(Qt::black);
@@ -133,7 +128,7 @@ FrmOpzioni::FrmOpzioni(Stato &stato, QWidget *parent) : QWidget(parent), stato_(
                                QStringLiteral("Option5"), o);
     for (int i = 0; i < option5_->count(); ++i) {
         QPushButton *b = option5_->bottone(i);
-        b->setFont(arial(12, true));
+        b->setFont(FontArial(12, true));
         b->setAccessibleName(b->text());
         b->setGeometry(720, 250 + i * 78, 270, 66);
     }
@@ -163,7 +158,7 @@ QList<QRadioButton *> FrmOpzioni::elenco(QGroupBox *frame, const QString &nome, 
     for (int i = 0; i < captions.size(); ++i) {
         auto *b = new QRadioButton(captions[i], frame);
         b->setObjectName(QStringLiteral("%1(%2)").arg(nome).arg(i));
-        b->setFont(arial(10));
+        b->setFont(FontArial(10));
         b->setGeometry(10 + (i / righe) * larghezza, 24 + (i % righe) * altezzaRiga, larghezza - 4,
                        altezzaRiga - 2);
         out.append(b);
@@ -200,6 +195,7 @@ void FrmOpzioni::clickScansione(int i)
     sfondoOption2_ = ColoreDaTesto(s.ColoreSfondo);
     s.IndiceScansione = qint16(i);
     dipingiAnteprima();
+    dipingiComandi();
 }
 
 void FrmOpzioni::clickMaiuscolo(int i)
@@ -234,7 +230,9 @@ void FrmOpzioni::comando(int i)
     case 1:
         ScriviImpostazioni(s);
         applicaImpostazioni();
-        attiva();
+        // The preview keeps what it shows; only the command row follows the
+        // scanning colours now in force.
+        dipingiComandi();
         break;
     case 2:
         if (IScreens *schermi = stato_.servizi.schermi)

@@ -23,10 +23,6 @@ bool isTasto(const QEvent *e)
     return e->type() == QEvent::KeyPress || e->type() == QEvent::KeyRelease;
 }
 
-bool isPressione(const QEvent *e)
-{
-    return e->type() == QEvent::MouseButtonPress || e->type() == QEvent::MouseButtonDblClick;
-}
 
 } // namespace
 
@@ -172,7 +168,13 @@ bool RigaOpzioni::eventFilter(QObject *watched, QEvent *event)
         return true;
     }
 
-    if (isPressione(event)) {
+    if (event->type() == QEvent::MouseButtonDblClick) {
+        // The second press of a double click: the first one has chosen
+        // already, and a double click is one press.
+        b->setDown(false);
+        return true;
+    }
+    if (event->type() == QEvent::MouseButtonPress) {
         if (opzioni_.flag == Flag::PerEvento)
             flagPasso_ = flagTasto_ = false;
         // The press is swallowed, so give the focus as a click would, before

@@ -6,6 +6,8 @@
 #include "settings/frminizio.h"
 #include "settings/frmopzioni.h"
 #include "settings/stato.h"
+#include "settings/coloriopzioni.h"
+#include "ui/rigaopzioni.h"
 
 #include <QtTest>
 #include <QtWidgets>
@@ -48,7 +50,7 @@ QString fuoco() { return QApplication::focusWidget()->objectName(); }
 
 // What a user does, one step a word: RET, ENT, SPC, LEFT, a letter or a top-row
 // digit, K<digit> on the keypad, HOLD (space held for one repeat),
-// click:<control>, focus:<control>.
+// click:<control>, dclick:<control>.
 void esegui(QWidget *f, const QString &script)
 {
     static const QHash<QString, int> nomi{
@@ -63,8 +65,10 @@ void esegui(QWidget *f, const QString &script)
             r->click();
         } else if (t.startsWith("click:")) {
             QTest::mouseClick(w, Qt::LeftButton);
-        } else if (t.startsWith("focus:")) {
-            w->setFocus();
+        } else if (t.startsWith("dclick:")) { // what a widget is sent for a double click
+            QTest::mouseClick(w, Qt::LeftButton);
+            QTest::mouseDClick(w, Qt::LeftButton);
+            QTest::mouseRelease(w, Qt::LeftButton);
         } else if (t == "HOLD") {
             for (int i = 0; i < 4; ++i)
                 invia(i % 2 ? QEvent::KeyRelease : QEvent::KeyPress, Qt::Key_Space, {}, i == 1 || i == 2);
@@ -196,19 +200,21 @@ private slots:
         QTest::addColumn<QByteArray>("file");
         QTest::addColumn<QString>("script");
         QTest::addColumn<QString>("atteso"); // level | digits | largest value | title | page colour
-        const QString dec = "|SISTEMA DECIMALE: composizione|";
-        QTest::newRow("no file") << QByteArray() << "" << "1|1 cifra|9" + dec + "12640511";
+        QTest::addColumn<QString>("fuoco");  // after the script
+        const QString dec = "|SISTEMA DECIMALE: composizione|", k0 = "Option1(0)";
+        QTest::newRow("no file") << QByteArray() << "" << "1|1 cifra|9" + dec + "12640511" << k0;
         QTest::newRow("levels line") << QByteArray(" 7  2 \r\n") << ""
-                                     << "7|2 cifre|19|SISTEMA METRICO: composizione|12640511";
-        QTest::newRow("appearance lines") << kAspetto << "" << "1|1 cifra|9" + dec + "0";
+                                     << "7|2 cifre|19|SISTEMA METRICO: composizione|12640511" << k0;
+        QTest::newRow("appearance lines") << kAspetto << "" << "1|1 cifra|9" + dec + "0" << k0;
         // No topic for this level: the titles stay as they were drawn.
-        QTest::newRow("level without topic") << QByteArray(" 20  1 \r\n") << "" << "20|1 cifra|9|COMPOSIZIONE|12640511";
+        QTest::newRow("level without topic") << QByteArray(" 20  1 \r\n") << "" << "20|1 cifra|9|COMPOSIZIONE|12640511" << k0;
         QTest::newRow("level: arrow and titles, wraps after 3") << QByteArray()
-            << "click:Label8 click:Label6(0) click:Label6(2) click:Label8" << "2|1 cifra|9" + dec + "12640511";
+            << "click:Label8 click:Label6(0) click:Label6(2) click:Label8" << "2|1 cifra|9" + dec + "12640511" << k0;
         QTest::newRow("digits wrap") << QByteArray() << "click:Label7 click:lblCifre click:Label7"
-                                     << "1|2 cifre|19" + dec + "12640511";
-        QTest::newRow("arrows from the keyboard") << QByteArray() << "focus:Label8 SPC focus:Label7 RET"
-                                                  << "2|2 cifre|19" + dec + "12640511";
+                                     << "1|2 cifre|19" + dec + "12640511" << k0;
+        // The arrows never take the focus: space still steps the row it was on.
+        QTest::newRow("double clicks step once, focus stays") << QByteArray()
+            << "dclick:Label8 dclick:Label6(1) dclick:Label7 SPC" << "3|2 cifre|19" + dec + "12640511" << "Option1(1)";
     }
     void livelloECifre()
     {
@@ -219,8 +225,10 @@ private slots:
             scrivi(datInizio(), file);
         for (int volta = 0; volta < 2; ++volta) {
             apri<FrmInizio>();
-            if (volta == 0)
+            if (volta == 0) {
                 esegui(f_.get(), script);
+                QTEST(fuoco(), "fuoco");
+            }
             const Settings &s = stato_->settings;
             QCOMPARE(QStringList({testo("Label3"), testo("lblCifre"), QString::number(s.ValoreMassimo),
                                   f_->windowTitle(), s.ColoreSfondo}).join('|'), atteso);
@@ -281,39 +289,47 @@ private slots:
         QCOMPARE(fuoco(), "Option1(0)");
     }
 
-    // The panel's colours change the settings at once; its commands store them or leave.
+    // The panel's colours change the settings at once; its commands store them
+    // or leave, and change nothing else: the preview keeps the resting key in
+    // the page colour the scanning click gave it. The command row always
+    // shows the scanning colours in force.
     void pannello_data()
     {
         QTest::addColumn<QString>("script");
         QTest::addColumn<QString>("atteso"); // the settings afterwards
-        QTest::addColumn<bool>("scritto");
+        QTest::addColumn<QString>("dopo");   // "scritto" (stored), "chiuso" (left) or ""
         // Not the paler colours used when the file cannot be read.
         const QString predefinite = "16763135 8438015 328965 0 1 1 16763135 16724735 4 4 9";
         // "Bianco" letters are a light grey, so that they show on a light page.
         const QString scelte = "12517375 8438015 13158600 0 1 1 9886820 9881700 2 7 0";
-        QTest::newRow("defaults: 3, keypad 1, Enter") << "3 K1 ENT" << predefinite << true;
-        QTest::newRow("defaults: M I Enter") << "M I RET" << predefinite << true;
-        QTest::newRow("X is no key") << "X RET" << predefinite << true;
-        QTest::newRow("store by mouse") << "click:Option5(1)" << scelte << true;
-        QTest::newRow("store: M Enter") << "M RET" << scelte << true;
-        QTest::newRow("store: arrows") << "LEFT LEFT RET" << scelte << true;
-        QTest::newRow("Esci: E Enter") << "E RET" << scelte << false;
-        QTest::newRow("held space keeps stepping") << "HOLD RET" << scelte << false;
+        QTest::newRow("just the clicks") << "" << scelte << "";
+        QTest::newRow("defaults: 3, keypad 1, Enter") << "3 K1 ENT" << predefinite << "scritto";
+        QTest::newRow("defaults: M I Enter") << "M I RET" << predefinite << "scritto";
+        QTest::newRow("X is no key") << "X RET" << predefinite << "scritto";
+        QTest::newRow("store by mouse") << "click:Option5(1)" << scelte << "scritto";
+        QTest::newRow("store: M Enter") << "M RET" << scelte << "scritto";
+        QTest::newRow("store: arrows") << "LEFT LEFT RET" << scelte << "scritto";
+        QTest::newRow("Esci: E Enter") << "E RET" << scelte << "chiuso";
+        QTest::newRow("held space keeps stepping") << "HOLD RET" << scelte << "chiuso";
     }
     void pannello()
     {
         QFETCH(QString, script);
         QFETCH(QString, atteso);
-        QFETCH(bool, scritto);
+        QFETCH(QString, dopo);
         apri<FrmOpzioni>();
         Settings &s = stato_->settings;
         s.BeepAttivo = false;
         s.ImpostazioneB = true; // asks for a control the panel does not have
         esegui(f_.get(), "click:Option1(2) click:Option27(0) click:Option17(7) " + script);
         QCOMPARE(aspetto(s), atteso);
-        QCOMPARE(chiamate(schermi_), scritto ? "" : "chiudi Opzioni");
-        QCOMPARE(QFile::exists(kPannello), scritto);
-        if (!scritto)
+        QCOMPARE(chiamate(schermi_), dopo == "chiuso" ? "chiudi Opzioni" : "");
+        QCOMPARE(QFile::exists(kPannello), dopo == "scritto");
+        const RigaOpzioni *comandi = static_cast<FrmOpzioni *>(f_.get())->comandi();
+        QCOMPARE(comandi->opzioni().fuoco, ColoreDaTesto(s.ColoreScansioneScuro));
+        QCOMPARE(comandi->opzioni().riposo, ColoreDaTesto(s.ColoreScansioneChiaro));
+        QCOMPARE(f_->findChild<QWidget *>("Option2")->grab().toImage().pixelColor(5, 35), QColor(255, 255, 190));
+        if (dopo != "scritto")
             return;
         // The stored buttons are selected, and the file holds the eleven values.
         for (const QString &b : {QStringLiteral("Option1(%1)").arg(s.IndiceSfondo),
@@ -329,7 +345,9 @@ private slots:
     void ridimensionaInizio()
     {
         apri<FrmInizio>();
-        f_->findChild<QTimer *>("timerTendine")->stop();
+        auto *inizio = static_cast<FrmInizio *>(f_.get());
+        while (inizio->tendine().attiva())
+            inizio->tickTendine();
         QWidget *pagina = static_cast<QMainWindow *>(f_.get())->centralWidget();
         QHash<QWidget *, QRect> prima;
         for (QWidget *c : pagina->findChildren<QWidget *>())
@@ -344,6 +362,29 @@ private slots:
                          qAbs(a.width() - 2 * p.width()) <= 1 && qAbs(a.height() - qRound(1.5 * p.height())) <= 1,
                      qPrintable(it.key()->objectName()));
         }
+    }
+
+    // A screen larger than the free area of the display opens scaled down in
+    // proportion and wholly inside it, frame included; one that fits is left
+    // alone. (The offscreen display is 800 x 800.)
+    void adattaAlloSchermo_data()
+    {
+        QTest::addColumn<QSize>("design");
+        QTest::addColumn<QSize>("atteso");
+        QTest::newRow("fits") << QSize(792, 764) << QSize(792, 764);
+        QTest::newRow("too wide") << QSize(1180, 700) << QSize(792, 469);
+        QTest::newRow("too tall") << QSize(700, 900) << QSize(594, 764);
+    }
+    void adattaAlloSchermo()
+    {
+        QFETCH(QSize, design);
+        const QMargins cornice(4, 32, 4, 4);
+        QWidget w;
+        w.move(-50, -50);
+        w.resize(design);
+        AdattaAlloSchermo(&w, cornice);
+        QTEST(w.size(), "atteso");
+        QCOMPARE(w.screen()->availableGeometry().contains(QRect(w.pos(), w.size().grownBy(cornice))), design != w.size());
     }
 
     // Combo boxes and lines keep their design place.
