@@ -337,6 +337,7 @@ void frmOperativo::costruisciMenu()
     barra->setFont(FontArialPixel(16));
     QAction *visualizza = barra->addAction(QStringLiteral("Visualizza esercizio"));
     visualizza->setObjectName(QStringLiteral("mnuVisualizza"));
+    visualizza->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_P));
     QAction *quadro = barra->addAction(QStringLiteral("Il quadro"));
     quadro->setObjectName(QStringLiteral("mnuQuadro"));
     connect(visualizza, &QAction::triggered, this, [this] { confine([&] { apriStampa(); }); });

@@ -229,6 +229,10 @@ void FrmInizio::costruisciMenu()
                 schermi->apri(s);
         };
     };
+    // The menus by keyboard too: a teacher with no mouse reaches them.
+    mnuSchede_->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_S));
+    autore->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_U));
+    opzioni->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_O));
     connect(mnuSchede_, &QAction::triggered, this, apri(Schermo::Schede));
     connect(autore, &QAction::triggered, this, apri(Schermo::Autore));
     connect(opzioni, &QAction::triggered, this, apri(Schermo::Opzioni));
