@@ -3,7 +3,8 @@
 
 class IMessageBox;
 
-// Composed value -> the text the pupil sees and types: thousands grouped with
+// Composed value (whole thousandths, never negative) or a typed answer ->
+// the text the pupil sees and types: thousands grouped with
 // ".", decimals after "," copied, never rounded. Always Italian separators,
 // whatever the system locale, because the keypad offers only ",".
 // On overflow (whole part beyond 32 bits) shows "Numero troppo grande!" on
