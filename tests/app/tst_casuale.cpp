@@ -1,8 +1,9 @@
 // Random use of every screen: keys, characters and mouse presses from a fixed
 // seed, as a pupil leaning on the keyboard or a switch gone wild would send
-// them, with the program's invariants checked after every one. A failure names
-// the seed, the screen and the event; CASUALE_SEME=<seed> tst_casuale
-// casuale:<screen> replays it, CASUALE_EVENTI sets the events per screen.
+// them, with the program's invariants checked after every one. Each screen is
+// also read once as a screen reader reads it. A failure names the seed, the
+// screen and the event; CASUALE_SEME=<seed> tst_casuale casuale:<screen>
+// replays it, CASUALE_EVENTI sets the events per screen.
 #include "app/gestoreschermi.h"
 #include "exercise/frmoperativo.h"
 #include "fakes/cartella.h"
@@ -12,14 +13,8 @@
 #include "settings/stato.h"
 #include "ui/rigaopzioni.h"
 
-#include <QAbstractButton>
-#include <QApplication>
-#include <QPointer>
-#include <QPushButton>
-#include <QRandomGenerator>
-#include <QTimer>
-#include <QWindow>
 #include <QtTest>
+#include <QtWidgets>
 
 #include <algorithm>
 #include <array>
@@ -98,6 +93,40 @@ QString descrivi(const QWidget *w)
     return w->window()->objectName() + u'/' + (n.isEmpty() ? QLatin1String(w->metaObject()->className()) : n);
 }
 
+// What a screen reader finds on a screen, frames not yet in front included:
+// every key, field and list named and able to take the focus, every label
+// that shows something named, every menu entry captioned; and Tab meets the
+// keys of each row in the order space steps through them.
+QString inascoltabili(QWidget *f)
+{
+    QStringList male;
+    for (QWidget *c : f->findChildren<QWidget *>()) {
+        const bool controllo = qobject_cast<QAbstractButton *>(c) || qobject_cast<QComboBox *>(c);
+        auto *l = qobject_cast<QLabel *>(c);
+        if ((!controllo && !(l && (!l->text().trimmed().isEmpty() || !l->pixmap().isNull()))) ||
+            c->objectName().startsWith(QLatin1String("qt_")))
+            continue;
+        const QAccessibleInterface *i = QAccessible::queryAccessibleInterface(c);
+        if (!i || i->text(QAccessible::Name).trimmed().isEmpty() || (controllo && c->focusPolicy() == Qt::NoFocus))
+            male << descrivi(c);
+    }
+    for (const QWidget *m : f->findChildren<QWidget *>())
+        for (const QAction *a : qobject_cast<const QMenuBar *>(m) || qobject_cast<const QMenu *>(m) ? m->actions() : QList<QAction *>())
+            if (!a->isSeparator() && a->text().trimmed().isEmpty())
+                male << QStringLiteral("an entry of ") + descrivi(m);
+    for (const RigaOpzioni *riga : f->findChildren<RigaOpzioni *>()) {
+        QList<int> visti, attesi(riga->count());
+        std::iota(attesi.begin(), attesi.end(), 0);
+        QWidget *w = riga->bottone(0);
+        for (int passi = 0; passi < 500 && visti.size() < riga->count(); ++passi, w = w->nextInFocusChain())
+            if (const int i = riga->indice(w); i >= 0 && !visti.contains(i))
+                visti << i;
+        if (visti != attesi)
+            male << QStringLiteral("Tab order of ") + descrivi(riga->bottone(0));
+    }
+    return male.isEmpty() ? QString() : QStringLiteral("unnamed or unreachable: ") + male.join(u", ");
+}
+
 } // namespace
 
 class TestCasuale : public QObject
@@ -113,6 +142,7 @@ class TestCasuale : public QObject
     int inviati_ = 0, modali_ = 0;
     QString evento_, errore_;
     QTimer pompa_;
+    bool finito_ = false; // the manager said no screen is left on view
 
     // Screens seen loaded; those unloaded must be gone once deferred deletes run.
     std::map<Schermo, QPointer<QWidget>> visti_;
@@ -166,9 +196,12 @@ class TestCasuale : public QObject
             g().apri(bersaglio_); // the about box is opened, modal, by the loop
         QCoreApplication::processEvents();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        if (QWidget *w = finestra(); w && bersaglio_ != Schermo::Autore)
-            QVERIFY2(QTest::qWaitForWindowExposed(w), kNomi[int(bersaglio_)]);
         evento_ = QStringLiteral("opening the screen");
+        if (QWidget *w = finestra(); w && bersaglio_ != Schermo::Autore) {
+            QVERIFY2(QTest::qWaitForWindowExposed(w), kNomi[int(bersaglio_)]);
+            if (errore_.isEmpty() && inviati_ == 0)
+                errore_ = inascoltabili(w);
+        }
         verifica(false);
     }
 
@@ -176,10 +209,10 @@ class TestCasuale : public QObject
     // keys the screens answer to.
     QString tasto(QWindow *w)
     {
-        static const int altri[] = {Qt::Key_Tab,    Qt::Key_Backtab, Qt::Key_Left,     Qt::Key_Right,
-                                    Qt::Key_Up,     Qt::Key_Down,    Qt::Key_Escape,   Qt::Key_Comma,
-                                    Qt::Key_Period, Qt::Key_Minus,   Qt::Key_Backspace, Qt::Key_Delete,
-                                    Qt::Key_Home,   Qt::Key_End,     Qt::Key_F1,       Qt::Key_F4,
+        static const int altri[] = {Qt::Key_Tab,   Qt::Key_Backtab, Qt::Key_Left,      Qt::Key_Right,
+                                    Qt::Key_Up,    Qt::Key_Down,    Qt::Key_Escape,    Qt::Key_Comma,
+                                    Qt::Key_Period, Qt::Key_Minus,  Qt::Key_Backspace, Qt::Key_Delete,
+                                    Qt::Key_Home,  Qt::Key_End,     Qt::Key_F1,        Qt::Key_F4,
                                     0 /* a character with no key */};
         static const QString caratteri = QStringLiteral(" 0123456789,.-+aeimnsvAEIMNSV\u00e8\u20ac");
         int key = 0;
@@ -305,6 +338,8 @@ class TestCasuale : public QObject
             modale->close();
             return;
         }
+        if (contato && inviati_ == 0)
+            errore_ = inascoltabili(modale);
         ++modali_;
         inviati_ += contato;
         passo(modale, true);
@@ -332,6 +367,7 @@ class TestCasuale : public QObject
             if (!riga.isEmpty())
                 return QStringLiteral("a line of RigheRiserva was assigned: ") + riga;
 
+        bool qualcuno = false; // a screen on view
         for (Schermo t : kSchermi) {
             QWidget *w = g().schermo(t);
             if (visti_[t] && visti_[t] != w)
@@ -342,11 +378,16 @@ class TestCasuale : public QObject
             // Only the about box stays loaded out of view: its own key hides it.
             if (t != Schermo::Autore && !w->isVisible())
                 return QStringLiteral("%1 is loaded but not on view").arg(kNomi[int(t)]);
+            qualcuno = qualcuno || w->isVisible();
             for (const RigaOpzioni *riga : w->findChildren<RigaOpzioni *>())
                 for (int i = 0; i < riga->count(); ++i)
                     if (const QPushButton *b = riga->bottone(i); b->isDown() || b->isChecked())
                         return QStringLiteral("key %1 left drawn as pressed").arg(descrivi(b));
         }
+        // The program ends exactly when no screen is left on view.
+        if (qualcuno == finito_)
+            return qualcuno ? QStringLiteral("the program was ended with a screen on view")
+                            : QStringLiteral("no screen on view, and the program goes on");
         if (!inModale) {
             for (const QPointer<QWidget> &p : usciti_)
                 if (p)
@@ -393,8 +434,9 @@ class TestCasuale : public QObject
         // (past 60 the handler stops) and answers extend it; "Ricomincia" and
         // an activated start screen set n back and leave the lines. So line 0
         // stays empty, lines 1..n are filled and none lies past the highest
-        // item reached. Once the printout or the worksheets have loaded the
-        // record too, only the counters are checked.
+        // item reached. Once the worksheets have written the record too, only
+        // the counters are checked.
+        esclusivo_ = esclusivo_ && !g().caricato(Schermo::Schede);
         if (esclusivo_) {
             massimo_ = std::max(massimo_, n);
             const auto &righe = m_->stato.record.RigheEsercizio;
@@ -438,6 +480,7 @@ private slots:
         const quint64 seme = seme_ * 0x100000001b3ULL + quint64(schermo);
         m_ = std::make_unique<Mondo>(seme);
         QVERIFY(m_->cartella.valida());
+        connect(&m_->schermi, &GestoreSchermi::tuttiChiusi, this, [this] { finito_ = true; });
         bersaglio_ = schermo;
         caso_ = Caso(seme);
         inviati_ = modali_ = fermati = 0;
@@ -465,6 +508,7 @@ private slots:
                 continue;
             }
             if (QWidget *f = finestra(); !f || !f->isVisible()) {
+                finito_ = false;
                 apri();
                 QVERIFY2(finestra() && finestra()->isVisible(), kNomi[int(schermo)]);
             }
