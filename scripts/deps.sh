@@ -3,7 +3,8 @@
 set -euo pipefail
 packages=(cmake ninja-build g++ qt6-base-dev libasound2-dev libgl-dev libqt6printsupport6
           libbenchmark-dev cups clang libclang-rt-dev xvfb xauth poppler-utils fonts-liberation fonts-urw-base35
-          dpkg-dev xdotool dbus at-spi2-core python3-pyatspi)
+          dpkg-dev xdotool dbus at-spi2-core python3-pyatspi
+          appstream desktop-file-utils lintian man-db)
 missing=()
 for p in "${packages[@]}"; do
   dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || missing+=("$p")

@@ -8,7 +8,7 @@ set -euo pipefail
 build=$(cd "$1" && pwd)
 here=$(cd "$(dirname "$0")" && pwd)
 
-for tool in cpack dpkg-deb xvfb-run xdotool dbus-run-session; do
+for tool in cpack dpkg-deb xvfb-run xdotool dbus-run-session appstreamcli desktop-file-validate lintian; do
   command -v "$tool" >/dev/null || { echo "SKIP: $tool is not installed"; exit 77; }
 done
 /usr/bin/python3 -c 'import pyatspi' 2>/dev/null || { echo "SKIP: python3-pyatspi is not installed"; exit 77; }
@@ -27,13 +27,18 @@ prog="$work/root/usr/lib/composizione"
 fallisci() { echo "FAIL: $*"; exit 1; }
 [ -x "$prog/composizione" ] || fallisci "no executable in the program folder"
 [ -s "$prog/positivo.wav" ] || fallisci "the sound is not beside the executable"
-desktop="$work/root/usr/share/applications/composizione.desktop"
+desktop="$work/root/usr/share/applications/org.example.composizione.desktop"
 grep -qx 'Name=Composizione' "$desktop" || fallisci "no menu entry named Composizione"
 avvia=$(sed -n 's/^Exec=//p' "$desktop" | cut -d' ' -f1)
 [ -x "$work/root$avvia" ] || fallisci "the menu entry starts $avvia, which the package does not hold"
 icona=$(sed -n 's/^Icon=//p' "$desktop")
 ls "$work"/root/usr/share/icons/hicolor/*/apps/"$icona".* >/dev/null || fallisci "no icon $icona"
-echo "ok   program folder, sound, menu entry, launcher and icon"
+[ -s "$work/root/usr/share/man/man1/composizione.1.gz" ] || fallisci "no manual page"
+echo "ok   program folder, sound, menu entry, launcher, icon and manual page"
+appstreamcli validate-tree --no-net "$work/root" || fallisci "the AppStream metadata or menu entry do not validate"
+! desktop-file-validate "$desktop" | grep . || fallisci "the menu entry does not validate"
+lintian --fail-on error,warning "$deb" 2>"$work/lintian.log" || { cat "$work/lintian.log"; fallisci "lintian"; }
+echo "ok   appstreamcli, desktop-file-validate and lintian find nothing to report"
 
 classe="$work/classe"
 mkdir "$classe"
