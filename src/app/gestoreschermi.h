@@ -23,7 +23,7 @@ public:
 
     void apri(Schermo s) override;
     void chiudi(Schermo s) override;
-    bool caricato(Schermo s) const override;
+    bool caricato(Schermo s) const;
 
     QWidget *schermo(Schermo s) const;
     void setFabbrica(Fabbrica f);

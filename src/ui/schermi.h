@@ -21,5 +21,4 @@ public:
     virtual void apri(Schermo s) = 0;
     // Unloads the screen (no effect when it is not loaded).
     virtual void chiudi(Schermo s) = 0;
-    virtual bool caricato(Schermo s) const = 0;
 };
