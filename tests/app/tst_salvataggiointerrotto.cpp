@@ -6,13 +6,6 @@
 #include "settings/filesettings.h"
 #include "settings/stato.h"
 
-#include <QCoreApplication>
-#include <QDir>
-#include <QFile>
-#include <QProcess>
-#include <QRandomGenerator>
-#include <QSet>
-#include <QTemporaryDir>
 #include <QtTest>
 
 #include <csignal>
@@ -20,48 +13,26 @@
 
 namespace {
 
-// Save number `giro` of the file `tipo` in the current folder; the saves
-// alternate between contents of different lengths and repeat every six saves.
-void salva(const QString &tipo, int giro)
+// Save number `giro` of the settings (levels line or appearance lines) or of
+// the exercise record, in the current folder: contents of different lengths,
+// repeating every six saves. Returns the file's name.
+QString salva(bool impostazioni, int giro)
 {
     Stato s;
     s.settings.NomeFile = QStringLiteral("composizione");
     AspettoPredefinito(s.settings);
     const bool dispari = giro % 2;
-    if (tipo == QLatin1String("impostazioni")) {
-        s.settings.IndiceSfondo = qint16(dispari ? 10 : 0);
+    if (impostazioni) {
         s.settings.ColoreSfondo = dispari ? QStringLiteral("16777215") : QStringLiteral("0");
         s.settings.Livello = qint16(dispari ? 3 : 2);
-        s.settings.NumeroCifre = 2;
-        if (giro % 3 == 0)
-            ScriviLivelli(s.settings);
-        else
-            ScriviImpostazioni(s.settings);
-    } else {
-        s.record.NumeroEsercizio = qint16(dispari ? 60 : 7);
-        s.fogli.StampaRidotta = qint16(dispari);
-        for (int i = 1; i <= 60; ++i)
-            s.fogli.RigheScheda[std::size_t(i)] = QStringLiteral("%1) %2 h %3 da = %4 u").arg(i).arg(giro % 3).arg(i % 10).arg(i * 10);
-        SalvaEsercizio(s);
+        giro % 3 ? ScriviImpostazioni(s.settings) : ScriviLivelli(s.settings);
+        return QStringLiteral("composizione.dat");
     }
-}
-
-QString nomeFile(const QString &tipo)
-{
-    return tipo == QLatin1String("impostazioni") ? QStringLiteral("composizione.dat")
-                                                 : QStringLiteral("composizioneEsercizio.dat");
-}
-
-[[noreturn]] void figlio(const QString &tipo, const QString &cartella)
-{
-    QDir::setCurrent(cartella);
-    salva(tipo, 0);
-    // From here on a kill can only land in the middle of the saving loop,
-    // however slowly the process started (sanitizers make that slow).
-    std::fputs("pronto\n", stdout);
-    std::fflush(stdout);
-    for (int giro = 1;; ++giro)
-        salva(tipo, giro);
+    s.record.NumeroEsercizio = qint16(dispari ? 60 : 7);
+    for (int i = 1; i <= 60; ++i)
+        s.fogli.RigheScheda[std::size_t(i)] = QStringLiteral("%1) %2 h %3 da").arg(i).arg(giro % 3).arg(i % 10);
+    SalvaEsercizio(s);
+    return QStringLiteral("composizioneEsercizio.dat");
 }
 
 QByteArray contenuto(const QString &percorso)
@@ -78,50 +49,53 @@ class TestSalvataggioInterrotto : public QObject
 private slots:
     void soloFileInteri_data()
     {
-        QTest::addColumn<QString>("tipo");
-        QTest::newRow("settings") << QStringLiteral("impostazioni");
-        QTest::newRow("exercise record") << QStringLiteral("esercizio");
+        QTest::addColumn<bool>("impostazioni");
+        QTest::newRow("settings") << true;
+        QTest::newRow("exercise record") << false;
     }
     void soloFileInteri()
     {
-        QFETCH(QString, tipo);
+        QFETCH(bool, impostazioni);
         // Every whole file the child can write, made here the same way.
         QSet<QByteArray> interi;
+        QString nome;
         {
             CartellaDiProva modelli;
-            for (int giro = 0; giro < 6; ++giro) {
-                salva(tipo, giro);
-                interi.insert(contenuto(nomeFile(tipo)));
-            }
+            for (int giro = 0; giro < 6; ++giro)
+                interi.insert(contenuto(nome = salva(impostazioni, giro)));
         }
         QVERIFY(interi.size() >= 2);
 
         QTemporaryDir dir;
-        QVERIFY(dir.isValid());
         QRandomGenerator rng(7);
-        const QString dat = dir.filePath(nomeFile(tipo));
         for (int i = 0; i < 40; ++i) {
             QProcess p;
-            p.start(QCoreApplication::applicationFilePath(), {QStringLiteral("--figlio"), tipo, dir.path()});
-            QVERIFY(p.waitForStarted());
-            QVERIFY(p.waitForReadyRead(30000));
+            p.start(QCoreApplication::applicationFilePath(), {QStringLiteral("--figlio"), QString::number(impostazioni), dir.path()});
+            // Killed only once it is in its saving loop, however slowly it started.
+            QVERIFY(p.waitForStarted() && p.waitForReadyRead(30000));
             QThread::usleep(rng.bounded(20000));
             ::kill(pid_t(p.processId()), SIGKILL);
             QVERIFY(p.waitForFinished());
-            const QByteArray b = contenuto(dat);
+            const QByteArray b = contenuto(dir.filePath(nome));
             QVERIFY2(interi.contains(b), b.left(200).constData());
         }
         // A cut save may leave its own temporary beside the file, never another name.
-        const auto resti = QDir(dir.path()).entryList(QDir::Files);
-        for (const QString &r : resti)
-            QVERIFY2(r.startsWith(nomeFile(tipo)), qPrintable(r));
+        for (const QString &r : QDir(dir.path()).entryList(QDir::Files))
+            QVERIFY2(r.startsWith(nome), qPrintable(r));
     }
 };
 
 int main(int argc, char **argv)
 {
-    if (argc == 4 && qstrcmp(argv[1], "--figlio") == 0)
-        figlio(QString::fromLocal8Bit(argv[2]), QString::fromLocal8Bit(argv[3]));
+    if (argc == 4 && qstrcmp(argv[1], "--figlio") == 0) {
+        const bool impostazioni = qstrcmp(argv[2], "1") == 0;
+        QDir::setCurrent(QString::fromLocal8Bit(argv[3]));
+        salva(impostazioni, 0);
+        std::fputs("pronto\n", stdout);
+        std::fflush(stdout);
+        for (int giro = 1;; ++giro)
+            salva(impostazioni, giro);
+    }
     QCoreApplication app(argc, argv);
     TestSalvataggioInterrotto t;
     return QTest::qExec(&t, argc, argv);
