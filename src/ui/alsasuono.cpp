@@ -1,8 +1,8 @@
 #include "ui/alsasuono.h"
+#include "ui/wav.h"
 
 #include <QFile>
 #include <QLibrary>
-#include <QtEndian>
 
 #include <alsa/asoundlib.h>
 
@@ -61,49 +61,6 @@ struct Alsa {
 // silence is the answer the program wants there.
 void silenzio(const char *, int, const char *, int, const char *, ...) {}
 
-struct Campioni {
-    snd_pcm_format_t formato = SND_PCM_FORMAT_UNKNOWN;
-    unsigned canali = 0, frequenza = 0, bytePerFrame = 0;
-    QByteArray dati;
-};
-
-// Plain PCM wave files of 8 or 16 bits, as assets/genera_positivo.py makes
-// them: the RIFF chunks are walked for "fmt " and "data". Anything else is
-// no sound.
-Campioni leggiWav(const QString &percorso)
-{
-    QFile f(percorso);
-    if (percorso.isEmpty() || !f.open(QIODevice::ReadOnly) || f.size() > 16 * 1024 * 1024)
-        return {};
-    const QByteArray b = f.readAll();
-    if (b.size() < 12 || !b.startsWith("RIFF") || b.mid(8, 4) != "WAVE")
-        return {};
-    const auto u16 = [&](qsizetype i) { return qFromLittleEndian<quint16>(b.constData() + i); };
-    const auto u32 = [&](qsizetype i) { return qFromLittleEndian<quint32>(b.constData() + i); };
-    Campioni c;
-    quint16 tipo = 0, bit = 0;
-    for (qsizetype i = 12; i + 8 <= b.size();) {
-        const qsizetype inizio = i + 8;
-        const qsizetype n = std::min<qsizetype>(u32(i + 4), b.size() - inizio); // a cut file keeps what it has
-        if (b.mid(i, 4) == "fmt " && n >= 16) {
-            tipo = u16(inizio);
-            c.canali = u16(inizio + 2);
-            c.frequenza = u32(inizio + 4);
-            bit = u16(inizio + 14);
-        } else if (b.mid(i, 4) == "data") {
-            c.dati = b.mid(inizio, n);
-        }
-        i = inizio + n + (n & 1);
-    }
-    if (tipo != 1 || c.canali == 0 || c.canali > 8 || c.frequenza == 0 || c.frequenza > 384000 ||
-        (bit != 8 && bit != 16))
-        return {};
-    c.formato = bit == 8 ? SND_PCM_FORMAT_U8 : SND_PCM_FORMAT_S16_LE;
-    c.bytePerFrame = c.canali * bit / 8;
-    c.dati.truncate(c.dati.size() - c.dati.size() % c.bytePerFrame);
-    return c;
-}
-
 } // namespace
 
 struct AlsaSound::Condiviso {
@@ -119,7 +76,7 @@ struct AlsaSound::Condiviso {
     Alsa alsa;
     bool alsaPronta = false, alsaTentata = false;
     QString letto;
-    Campioni campioni;
+    SuonoWav campioni;
 
     bool continua()
     {
@@ -130,7 +87,9 @@ struct AlsaSound::Condiviso {
     void prepara(const QString &file)
     {
         if (file != letto) {
-            campioni = leggiWav(file);
+            QFile f(file);
+            // A sound is a second or two: anything far larger is no sound of ours.
+            campioni = f.open(QIODevice::ReadOnly) && f.size() <= 16 * 1024 * 1024 ? LeggiWav(f.readAll()) : SuonoWav{};
             letto = file;
         }
         // With nothing to play, nothing of ALSA is loaded.
@@ -156,18 +115,18 @@ struct AlsaSound::Condiviso {
 
     void riproduci()
     {
-        const Campioni &s = campioni;
+        const SuonoWav &s = campioni;
         if (!alsaPronta || s.dati.isEmpty())
             return;
         snd_pcm_t *pcm = nullptr;
         // Non-blocking: a card that another program holds is silence, not a wait.
         if (alsa.apri(&pcm, "default", SND_PCM_STREAM_PLAYBACK, SND_PCM_NONBLOCK) < 0)
             return;
-        const auto frames = snd_pcm_uframes_t(s.dati.size() / s.bytePerFrame);
+        const auto frames = snd_pcm_uframes_t(s.dati.size() / s.bytePerFrame());
         // Whatever the device does, the worker is free again soon after the sound's own length.
         const auto scadenza = Orologio::now() + std::chrono::microseconds(frames * 1000000 / s.frequenza) +
                               std::chrono::seconds(1);
-        if (alsa.parametri(pcm, s.formato, SND_PCM_ACCESS_RW_INTERLEAVED, s.canali, s.frequenza, 1, 100000) >= 0) {
+        if (alsa.parametri(pcm, s.bit == 8 ? SND_PCM_FORMAT_U8 : SND_PCM_FORMAT_S16_LE, SND_PCM_ACCESS_RW_INTERLEAVED, s.canali, s.frequenza, 1, 100000) >= 0) {
             const char *p = s.dati.constData();
             snd_pcm_uframes_t resto = frames;
             bool avviato = false;
@@ -179,7 +138,7 @@ struct AlsaSound::Condiviso {
                     if (alsa.recupera(pcm, int(n), 1) < 0)
                         break;
                 } else {
-                    p += n * snd_pcm_sframes_t(s.bytePerFrame);
+                    p += n * snd_pcm_sframes_t(s.bytePerFrame());
                     resto -= snd_pcm_uframes_t(n);
                     avviato = avviato || segnaAvvio(pcm);
                 }

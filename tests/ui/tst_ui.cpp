@@ -2,6 +2,7 @@
 #include "ui/alsasuono.h"
 #include "ui/qtpiattaforma.h"
 #include "ui/rigaopzioni.h"
+#include "ui/wav.h"
 
 #include <QtTest>
 #include <QtWidgets>
@@ -167,6 +168,42 @@ private slots:
         QVERIFY(visti.size() > 990);
         const double t = QtClock().Timer(); // seconds, not milliseconds
         QVERIFY(t >= 0.0 && t < 86400.0);
+    }
+
+    // The sound file: a chunk of any other kind, even of odd length, is
+    // stepped over; a cut file keeps its whole frames; any encoding but 8- or
+    // 16-bit PCM is silence.
+    void wav_data()
+    {
+        QTest::addColumn<QByteArray>("file");
+        QTest::addColumn<QString>("letto"); // bits channels rate bytes
+        const auto chunk = [](const char *id, const QByteArray &d) {
+            QByteArray c(id, 4);
+            c.resize(8);
+            qToLittleEndian<quint32>(quint32(d.size()), c.data() + 4);
+            return c + d + QByteArray(d.size() % 2, '\0');
+        };
+        const auto fmt = [&](quint16 tipo, quint16 canali, quint32 hz, quint16 bit) {
+            QByteArray f(16, '\0');
+            qToLittleEndian(tipo, f.data());
+            qToLittleEndian(canali, f.data() + 2);
+            qToLittleEndian(hz, f.data() + 4);
+            qToLittleEndian(bit, f.data() + 14);
+            return chunk("fmt ", f);
+        };
+        const QByteArray riff("RIFF\0\0\0\0WAVE", 12), dati = chunk("data", QByteArray(6, 'x'));
+        QTest::newRow("16-bit mono") << riff + fmt(1, 1, 22050, 16) + dati << "16 1 22050 6";
+        QTest::newRow("8-bit stereo after an odd chunk") << riff + chunk("LIST", "abc") + fmt(1, 2, 8000, 8) + dati << "8 2 8000 6";
+        QTest::newRow("cut short: whole frames") << riff + fmt(1, 2, 8000, 16) + dati.left(13) << "16 2 8000 4";
+        QTest::newRow("float") << riff + fmt(3, 1, 22050, 32) + dati << "0 0 0 0";
+        QTest::newRow("24 bits") << riff + fmt(1, 1, 22050, 24) + dati << "0 0 0 0";
+        QTest::newRow("no wave") << QByteArray("RIFF\0\0\0\0AVI ", 12) + fmt(1, 1, 22050, 16) + dati << "0 0 0 0";
+    }
+    void wav()
+    {
+        QFETCH(QByteArray, file);
+        const SuonoWav w = LeggiWav(file);
+        QTEST(QStringLiteral("%1 %2 %3 %4").arg(w.bit).arg(w.canali).arg(w.frequenza).arg(w.dati.size()), "letto");
     }
 
     // A right answer must never wait for the sound, even with no audio
