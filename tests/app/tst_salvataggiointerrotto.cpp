@@ -35,11 +35,6 @@ QString salva(bool impostazioni, int giro)
     return QStringLiteral("composizioneEsercizio.dat");
 }
 
-QByteArray contenuto(const QString &percorso)
-{
-    QFile f(percorso);
-    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
-}
 
 } // namespace
 
@@ -62,7 +57,7 @@ private slots:
         {
             CartellaDiProva modelli;
             for (int giro = 0; giro < 6; ++giro)
-                interi.insert(contenuto(nome = salva(impostazioni, giro)));
+                interi.insert(leggiFile(nome = salva(impostazioni, giro)));
         }
         QVERIFY(interi.size() >= 2);
 
@@ -76,7 +71,7 @@ private slots:
             QThread::usleep(rng.bounded(20000));
             ::kill(pid_t(p.processId()), SIGKILL);
             QVERIFY(p.waitForFinished());
-            const QByteArray b = contenuto(dir.filePath(nome));
+            const QByteArray b = leggiFile(dir.filePath(nome));
             QVERIFY2(interi.contains(b), b.left(200).constData());
         }
         // A cut save may leave its own temporary beside the file, never another name.

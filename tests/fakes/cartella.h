@@ -2,7 +2,20 @@
 // The program keeps its files in the current folder: a test object holding
 // one of these works in a scratch folder of its own, gone when it ends.
 #include <QDir>
+#include <QFile>
 #include <QTemporaryDir>
+
+// A whole file's bytes (empty when it cannot be read), and a file written whole.
+inline QByteArray leggiFile(const QString &nome)
+{
+    QFile f(nome);
+    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
+}
+inline bool scriviFile(const QString &nome, const QByteArray &dati)
+{
+    QFile f(nome);
+    return f.open(QIODevice::WriteOnly) && f.write(dati) == dati.size();
+}
 
 class CartellaDiProva
 {

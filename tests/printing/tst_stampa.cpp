@@ -46,11 +46,6 @@ class TestStampa : public QObject
     std::unique_ptr<QWidget> w_;
     const QString dat_ = QStringLiteral("provaEsercizio.dat");
 
-    void scrivi(const QByteArray &dati)
-    {
-        QFile f(dat_);
-        QVERIFY(f.open(QIODevice::WriteOnly) && f.write(dati) == dati.size());
-    }
 
     template <typename T = QWidget>
     T *ctl(const QString &nome) const { return w_->findChild<T *>(nome); }
@@ -131,10 +126,9 @@ private slots:
         if (byte.isNull())
             QVERIFY(QDir().mkdir(dat_));
         else
-            scrivi("old file, longer than the new one................................");
+            QVERIFY(scriviFile(dat_, "old file, longer than the new one................................"));
         SalvaEsercizio(s_); // the exercise's own lines (RigheEsercizio) are never saved
-        QFile f(dat_);
-        QCOMPARE(f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray(), byte);
+        QCOMPARE(leggiFile(dat_), byte);
         QCOMPARE(s_.fogli.NumeroOperazioni, qint16(qMax(numero, 0) + 1));
         QCOMPARE(box_.mostrati.size(), int(byte.isNull()));
         QVERIFY(byte.isNull() == box_.mostrati.value(0).testo.contains(dat_));
@@ -165,7 +159,7 @@ private slots:
         if (file == "/")
             QVERIFY(QDir().mkdir(dat_));
         else if (!file.isNull())
-            scrivi(file);
+            QVERIFY(scriviFile(dat_, file));
         s_.record.NumeroEsercizio = 7;
         s_.fogli.StampaRidotta = 3;
         s_.fogli.NumeroOperazioni = qint16(contatore);

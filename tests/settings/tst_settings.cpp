@@ -22,19 +22,6 @@ const QString kPredefinito = QStringLiteral("12640511 8438015 328965 1 1 1 16754
 // A black page, the first variant off and the second empty: the first value even fits a level.
 const QByteArray kAspetto("0\r\n8438015\r\n328965\r\nTrue\r\nFalse\r\n\r\n16754175\r\n16745215\r\n 4\r\n 4\r\n 0\r\n");
 
-QByteArray leggi(const QString &nome)
-{
-    QFile f(nome);
-    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
-}
-
-void scrivi(const QString &nome, const QByteArray &dati)
-{
-    QFile f(nome);
-    QVERIFY(f.open(QIODevice::WriteOnly));
-    f.write(dati);
-}
-
 // The eleven appearance values in file order, "-" for an empty variant.
 QString aspetto(const Settings &s)
 {
@@ -139,14 +126,14 @@ private slots:
         s.ImpostazioneB = std::nullopt;
         s.IndiceCaratteri = 0;
         QVERIFY(ScriviImpostazioni(s));
-        QCOMPARE(leggi(kDat), kAspetto);
+        QCOMPARE(leggiFile(kDat), kAspetto);
         s.Livello = 3;
         s.NumeroCifre = 2;
         QVERIFY(ScriviLivelli(s));
-        QCOMPARE(leggi(kDat), QByteArray(" 3  2 \r\n"));
+        QCOMPARE(leggiFile(kDat), QByteArray(" 3  2 \r\n"));
         s.Livello = -1;
         QVERIFY(ScriviLivelli(s));
-        QCOMPARE(leggi(kDat), QByteArray("-1  2 \r\n"));
+        QCOMPARE(leggiFile(kDat), QByteArray("-1  2 \r\n"));
     }
 
     // Either reader falls back on a file in the other's format, or on anything damaged.
@@ -181,7 +168,7 @@ private slots:
         if (cartella)
             QVERIFY(QDir().mkdir(kDat));
         else if (!file.isNull())
-            scrivi(kDat, file);
+            QVERIFY(scriviFile(kDat, file));
         Settings s;
         s.NomeFile = "composizione";
         s.Livello = s.NumeroCifre = 7;
@@ -222,7 +209,7 @@ private slots:
         QFETCH(QString, script);
         QFETCH(QString, atteso);
         if (!file.isEmpty())
-            scrivi(datInizio(), file);
+            QVERIFY(scriviFile(datInizio(), file));
         for (int volta = 0; volta < 2; ++volta) {
             apri<FrmInizio>();
             if (volta == 0) {
@@ -337,7 +324,7 @@ private slots:
                                  QStringLiteral("Option17(%1)").arg(s.IndiceScansione), QStringLiteral("Option3(1)")})
             QVERIFY2(f_->findChild<QRadioButton *>(b)->isChecked(), qPrintable(b));
         Settings letto;
-        QVERIFY(LeggiImpostazioniDa(leggi(kPannello), letto));
+        QVERIFY(LeggiImpostazioniDa(leggiFile(kPannello), letto));
         QCOMPARE(aspetto(letto), atteso);
     }
 
