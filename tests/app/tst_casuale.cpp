@@ -158,20 +158,6 @@ class TestCasuale : public QObject
     GestoreSchermi &g() { return m_->schermi; }
     QWidget *finestra() const { return m_->schermi.schermo(bersaglio_); }
 
-    void scegli(FrmInizio *inizio)
-    {
-        inizio->riga(1)->scegli(caso_.sotto(3));
-        inizio->riga(2)->scegli(caso_.sotto(3));
-    }
-
-    // "Vai" on an active start screen, which has just set the item count to 0.
-    void vai(FrmInizio *inizio)
-    {
-        inizio->activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(inizio));
-        inizio->riga(3)->scegli(0);
-    }
-
     // The screen under test, reached as a user reaches it: the start screen
     // first (it loads the settings), a kind and an order chosen, then the screen.
     void apri()
@@ -184,14 +170,15 @@ class TestCasuale : public QObject
             // Run the 5 ms curtains out now, so a run does not depend on the machine's speed.
             for (int i = 0; i < 1000 && inizio->tendine().attiva(); ++i)
                 inizio->tickTendine();
-            if (bersaglio_ != Schermo::Inizio)
-                scegli(inizio);
         }
-        if (bersaglio_ == Schermo::Operativo) {
-            scegli(inizio);
-            vai(inizio);
-        } else if (bersaglio_ == Schermo::StampaEsercizio && !g().caricato(Schermo::Operativo)) {
-            vai(inizio);
+        // A kind and an order, then "Vai" on an active start screen, which has
+        // just set the item count to 0.
+        for (int riga = 1; riga <= 2 && bersaglio_ != Schermo::Inizio; ++riga)
+            inizio->riga(riga)->scegli(caso_.sotto(3));
+        if (bersaglio_ == Schermo::Operativo || (bersaglio_ == Schermo::StampaEsercizio && !g().caricato(Schermo::Operativo))) {
+            inizio->activateWindow();
+            QVERIFY(QTest::qWaitForWindowActive(inizio));
+            inizio->riga(3)->scegli(0);
         }
         if (bersaglio_ != Schermo::Inizio && bersaglio_ != Schermo::Operativo)
             g().apri(bersaglio_);
