@@ -111,13 +111,17 @@ private slots:
     void uscita();
 };
 
-// The given part of a line is right-aligned in 7 columns, its blanks trimmed;
-// a one-digit number has always printed unaligned.
+// The given part of a line is right-aligned in 7 columns, its blanks
+// trimmed: symbols of one or two letters, numbers of two to seven characters.
 void TstEsercizio::rientri()
 {
-    QCOMPARE(RientroSimbolo(" u "), b(6));
-    QCOMPARE(RientroNumero(" u "), QString());
-    QCOMPARE(RientroNumero(" dam "), b(4));
+    QStringList simboli, numeri;
+    for (const char *t : {" u ", " da ", " dam "})
+        simboli << QString::number(RientroSimbolo(QLatin1String(t)).size());
+    for (const char *t : {"1", "12", " 1,5 ", "12.345", "1.234,56"})
+        numeri << QString::number(RientroNumero(QLatin1String(t)).size());
+    // A one-digit number has always printed unaligned.
+    QCOMPARE(simboli.join(u' ') + " | " + numeri.join(u' '), "6 5 0 | 0 5 4 1 0");
 }
 
 // One item answered right by mouse, keyboard or switch alone: the line, then
