@@ -198,6 +198,7 @@ void FrmInizio::costruisci()
     picture2_ = new QFrame(pagina_);
     picture2_->setObjectName(QStringLiteral("Picture2"));
     picture2_->setAccessibleName(QStringLiteral("tendina destra"));
+    picture1_->installEventFilter(this);
     for (QFrame *p : {picture1_, picture2_}) {
         sfondo(p, kFuoco);
         p->setFrameShape(QFrame::Box);
@@ -445,7 +446,12 @@ bool FrmInizio::eventFilter(QObject *o, QEvent *e)
         if (e->type() == QEvent::Resize) {
             resize_.applica();
             posaTendine();
-        } else if (e->type() == QEvent::Paint && !tendineAvviate_) {
+        }
+        return false;
+    }
+    // The page under the closed curtains is never painted: the curtain is.
+    if (o == picture1_) {
+        if (e->type() == QEvent::Paint && !tendineAvviate_) {
             tendineAvviate_ = true;
             if (tendine_.attiva())
                 timerTendine_->start();

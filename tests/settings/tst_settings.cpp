@@ -262,9 +262,12 @@ private slots:
         QCOMPARE(chiamate(schermi_), schermi);
     }
 
+    // The curtains open by themselves once the screen is on view; each
+    // activation sets the item count back to 0.
     void attivazioneAzzeraEsercizio()
     {
         apri<FrmInizio>();
+        QTRY_VERIFY(!static_cast<FrmInizio *>(f_.get())->tendine().attiva());
         esegui(f_.get(), "click:Option1(0)");
         stato_->record.NumeroEsercizio = 12;
         QWidget altra;
