@@ -68,6 +68,21 @@ void AdattaAlloSchermo(QWidget *schermo, const QMargins &cornice)
     const QSize adattata = DimensioneAdattata(schermo->size(), area.size().shrunkBy(cornice));
     if (adattata == schermo->size())
         return;
+    // The text shrinks with the screen, once, so that every line still fits
+    // its box as designed (the exercise's record lines run to the box's edge).
+    const double f = double(adattata.width()) / schermo->width();
+    QList<QWidget *> testi = schermo->findChildren<QWidget *>();
+    testi.prepend(schermo);
+    for (QWidget *w : std::as_const(testi)) {
+        if (w != schermo && !w->testAttribute(Qt::WA_SetFont))
+            continue; // it takes the font of its parent
+        QFont font = w->font();
+        if (font.pointSizeF() > 0)
+            font.setPointSizeF(font.pointSizeF() * f);
+        else
+            font.setPixelSize(qMax(1, qRound(font.pixelSize() * f)));
+        w->setFont(font);
+    }
     schermo->resize(adattata);
     const QSize intera = adattata.grownBy(cornice);
     schermo->move(area.x() + (area.width() - intera.width()) / 2, area.y() + (area.height() - intera.height()) / 2);

@@ -11,8 +11,8 @@
 QSize DimensioneAdattata(QSize design, QSize spazio);
 
 // Scales a screen about to be shown down to its screen's free area, frame
-// included (`cornice`: what the window system adds around it), and centres it
-// there, so that no row of keys opens off the screen.
+// included (`cornice`: what the window system adds around it), text and all,
+// and centres it there, so that no row of keys opens off the screen.
 void AdattaAlloSchermo(QWidget *schermo, const QMargins &cornice);
 
 class ResizeColore

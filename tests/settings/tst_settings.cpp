@@ -355,8 +355,8 @@ private slots:
     }
 
     // A screen larger than the free area of the display opens scaled down in
-    // proportion and wholly inside it, frame included; one that fits is left
-    // alone. (The offscreen display is 800 x 800.)
+    // proportion, its text too, and wholly inside it, frame included; one that
+    // fits is left alone. (The offscreen display is 800 x 800.)
     void adattaAlloSchermo_data()
     {
         QTest::addColumn<QSize>("design");
@@ -370,10 +370,13 @@ private slots:
         QFETCH(QSize, design);
         const QMargins cornice(4, 32, 4, 4);
         QWidget w;
+        QLabel testo(&w);
+        testo.setFont(QFont(QStringLiteral("Sans"), 20));
         w.move(-50, -50);
         w.resize(design);
         AdattaAlloSchermo(&w, cornice);
         QTEST(w.size(), "atteso");
+        QCOMPARE(testo.font().pointSizeF(), 20.0 * w.width() / design.width());
         QCOMPARE(w.screen()->availableGeometry().contains(QRect(w.pos(), w.size().grownBy(cornice))), design != w.size());
     }
 
