@@ -55,6 +55,7 @@ struct Banco {
     //   d<key>     double click on a key
     //   s<key>     Space up to the key, then Enter (one switch)
     //   t<char>    a typed key: a digit, ",", a letter, B(ackspace), D(elete), R(eturn), _ (space)
+    //   h<char>    the same key held down while the keyboard repeats it
     //   +<secs>    time passes
     void esegui(const QString &passi)
     {
@@ -78,7 +79,14 @@ struct Banco {
             } else if (p.startsWith(u'+')) {
                 clock.adesso += resto.toDouble();
             } else {
-                tasto(speciali.value(resto.front(), Qt::Key(resto.front().unicode())));
+                const Qt::Key k = speciali.value(resto.front(), Qt::Key(resto.front().unicode()));
+                // Held, the keyboard repeats release and press until the real release.
+                for (int i = 0; p.startsWith(u'h') && i < 6; ++i) {
+                    QKeyEvent e(i % 2 ? QEvent::KeyRelease : QEvent::KeyPress, k, Qt::NoModifier, QString(), i > 0 && i < 5);
+                    QApplication::sendEvent(QApplication::focusWidget(), &e);
+                }
+                if (p.startsWith(u't'))
+                    tasto(k);
             }
         }
     }
@@ -175,6 +183,7 @@ void TstEsercizio::inserimento_data()
     QTest::newRow("typed comma on empty refused") << "t1 tB t," << "?" << 0 << kInizioTastierino;
     QTest::newRow("clicked comma on empty, once") << "c10 c10 c5" << "0,5" << 5 << conVerifica;
     QTest::newRow("double-clicked digits, once each") << "d1 d2" << "12" << 2 << conVerifica;
+    QTest::newRow("held digits, once each") << "h1 h2" << "12" << 0 << conVerifica;
     QTest::newRow("decimals not regrouped") << "c1 c2 c3 c4 c10 c5 c6 c7" << "1.234,567" << 7 << conVerifica;
     QTest::newRow("clicked tenth character dropped") << "c1 c2 c3 c4 c5 c6 c7 c8 c9" << "12.345.67" << 9 << conVerifica;
     // The comma falls past the 9th character: what follows is still grouped.
