@@ -106,211 +106,199 @@ class TstEsercizio : public QObject
 {
     Q_OBJECT
 private slots:
-    void rientri();
-    void voce_data();
-    void voce();
-    void inserimento_data();
-    void inserimento();
-    void aiuto_data();
-    void aiuto();
-    void esercizioCompletoERicomincia();
-    void tipoMisto();
-    void tastoAOltreLeRighe();
-    void uscita();
-};
-
-// The given part of a line is right-aligned in 7 columns, its blanks
-// trimmed: symbols of one or two letters, numbers of two to seven characters.
-void TstEsercizio::rientri()
-{
-    QStringList simboli, numeri;
-    for (const char *t : {" u ", " da ", " dam "})
-        simboli << QString::number(RientroSimbolo(QLatin1String(t)).size());
-    for (const char *t : {"1", "12", " 1,5 ", "12.345", "1.234,56"})
-        numeri << QString::number(RientroNumero(QLatin1String(t)).size());
-    // A one-digit number has always printed unaligned.
-    QCOMPARE(simboli.join(u' ') + " | " + numeri.join(u' '), "6 5 0 | 0 5 4 1 0");
-}
-
-// One item answered right by mouse, keyboard or switch alone: the line, then
-// what the screen shows (outcome, right answers, sounds, item, total seconds)
-// and where the focus waits. After a right answer it waits on "Avanti", so a
-// second Enter moves on and verifies nothing twice.
-void TstEsercizio::voce_data()
-{
-    QTest::addColumn<int>("tipo");
-    QTest::addColumn<QString>("passi");
-    QTest::addColumn<QString>("riga");
-    QTest::addColumn<QString>("schermo");
-
-    const QString numero = kInizioNumero + b(52) + "11  (sec.   7)", simbolo = kInizioSimbolo + b(53) + "h  (sec.   7)";
-    QTest::newRow("number by switch") << 1 << "+7.5 s1 tR s12" << numero << "Esatto 1 1 1 7 Option2(13)";
-    QTest::newRow("number, Enter again moves on") << 1 << "+7.5 s1 tR s12 tR" << numero << " 1 1 2 7 Option2(0)";
-    QTest::newRow("from Avanti space steps on") << 1 << "+7.5 " + kGiusto + " t_ t_" << numero << " 1 1 1 7 Option2(0)";
-    // A symbol key's own blanks do not reach the line.
-    QTest::newRow("symbol by mouse, wrong first")
-        << 2 << "+7 cOption1(0) cOption1(2) cOption1(4) cOption3(1) cOption1(1) cOption1(4)"
-        << kInizioSimbolo + b(9) + "da*" + b(41) + "h  (sec.   7)" << "Esatto 1 1 1 7 Option1(5)";
-    // "V" waits for "Avanti" on the symbol pad, so the keys step to "Verifica".
-    QTest::newRow("symbol by keys") << 2 << "+7 t1 tR tV t_ t_ t_ tR" << simbolo << "Esatto 1 1 1 7 Option1(5)";
-    QTest::newRow("symbol by switch, twice") << 2 << "+7 sOption1(1) sOption1(4) tR" << simbolo << " 1 1 2 7 Option1(0)";
-}
-
-void TstEsercizio::voce()
-{
-    QFETCH(int, tipo);
-    QFETCH(QString, passi);
-    Banco t{qint16(tipo)};
-    t.esegui(passi);
-    QTEST(t.riga(1), "riga");
-    QStringList schermo;
-    for (const char *l : {"LblEsito", "lblRisEsatte"})
-        schermo << t.testo(l);
-    schermo << QString::number(t.suono.suonati) << t.testo("LblOperazione") << t.testo("LblTempoTotale") << t.fuoco();
-    QTEST(schermo.join(u' '), "schermo");
-}
-
-// Answer entry on the keypad: what is shown, where the focus stays, and which
-// keys are usable. Clicked digits stop at 9 characters, typed ones at 7.
-void TstEsercizio::inserimento_data()
-{
-    QTest::addColumn<QString>("passi");
-    QTest::addColumn<QString>("mostrato");
-    QTest::addColumn<int>("fuoco"); // on the keypad
-    QTest::addColumn<QList<int>>("abilitati");
-
-    const QList<int> conVerifica = kInizioTastierino + QList<int>{11, 12};
-    QTest::newRow("typed comma on empty refused") << "t1 tB t," << "?" << 0 << kInizioTastierino;
-    QTest::newRow("clicked comma on empty, once") << "c10 c10 c5" << "0,5" << 5 << conVerifica;
-    QTest::newRow("double-clicked digits, once each") << "d1 d2" << "12" << 2 << conVerifica;
-    QTest::newRow("held digits, once each") << "h1 h2" << "12" << 0 << conVerifica;
-    QTest::newRow("decimals not regrouped") << "c1 c2 c3 c4 c10 c5 c6 c7" << "1.234,567" << 7 << conVerifica;
-    QTest::newRow("clicked tenth character dropped") << "c1 c2 c3 c4 c5 c6 c7 c8 c9" << "12.345.67" << 9 << conVerifica;
-    // The comma falls past the 9th character: what follows is still grouped.
-    QTest::newRow("digit after a cut comma") << "c1 c2 c3 c4 c5 c6 c7 c10 c8" << "12.345.67" << 8 << conVerifica;
-    QTest::newRow("typed eighth character dropped") << "t1 t2 t3 t4 t5 t6 t7 t8" << "123.458" << 0 << conVerifica;
-    QTest::newRow("cancel regroups") << "t1 t2 t3 t4 tB" << "123" << 0 << conVerifica;
-    QTest::newRow("cancelled comma may come again") << "t1 t, tB t," << "1," << 0 << conVerifica;
-    QTest::newRow("delete keeps a comma still there") << "t1 t, t2 t5 tD" << "1,2" << 0 << conVerifica;
-    QTest::newRow("cancel to empty, then on empty") << "t5 tB tB" << "?" << 0 << kInizioTastierino;
-}
-
-void TstEsercizio::inserimento()
-{
-    QFETCH(QString, passi);
-    QFETCH(QString, mostrato);
-    QFETCH(int, fuoco);
-    QFETCH(QList<int>, abilitati);
-    Banco t(1);
-    t.esegui(passi);
-    QCOMPARE(t.testo("LblRisultato"), mostrato);
-    QCOMPARE(t.fuoco(), QStringLiteral("Option2(%1)").arg(fuoco));
-    QCOMPARE(t.abilitati(), abilitati);
-}
-
-// Wrong answers, help, retries and the intervention: the line and the counts.
-void TstEsercizio::aiuto_data()
-{
-    QTest::addColumn<QString>("passi");
-    QTest::addColumn<QString>("riga");
-    QTest::addColumn<int>("errate");
-
-    QTest::newRow("wrong, then SI") << "+3 t1 c12 tR" << kInizioNumero + b(10) + "1*" + b(40) + "^11 (sec.   3)" << 2;
-    QTest::newRow("wrong, NO, right") << "+4 t2 s12 tN tR " + kGiusto
-                                      << kInizioNumero + b(10) + "2*" + b(40) + "11  (sec.   4)" << 1;
-    QTest::newRow("three NO, then OK")
-        << "+5 t1 s12 sOption3(1) t2 s12 sOption3(1) t3 s12 t2 tR tR"
-        << kInizioNumero + b(10) + "1*" + b(10) + "2*" + b(10) + "3*" + b(16) + "^11 (sec.   5)" << 4;
-}
-
-void TstEsercizio::aiuto()
-{
-    QFETCH(QString, passi);
-    QFETCH(QString, riga);
-    QFETCH(int, errate);
-    Banco t(1);
-    t.esegui("t7 tV tR");
-    QCOMPARE(t.testo("LblEsito"), QStringLiteral("Errato"));
-    QVERIFY(!t.c("Line1")->isHidden() && !t.c("LineA2")->isHidden());
-    t.esegui("tN tR"); // retry: back to the keypad as at the start
-    QCOMPARE(t.testo("LblRisultato"), QStringLiteral("?"));
-    QVERIFY(t.c("Line1")->isHidden() && t.c("LineA2")->isHidden());
-    QCOMPARE(t.abilitati(), kInizioTastierino);
-
-    // The same from a fresh item, as the row tells it.
-    t.stato.record.NumeroEsercizio = 0;
-    t.w->NuovoEsercizio();
-    t.esegui(passi);
-    QCOMPARE(t.riga(1), riga);
-    QCOMPARE(t.w->risposteErrate() - 1, errate); // one wrong answer before the row
-    QCOMPARE(t.riga(1).contains(u'^'), t.abilitati() == (QList<int>{13, 14}));
-}
-
-// Every item takes 150 s: each line shows 99, the total stops at 999.
-void TstEsercizio::esercizioCompletoERicomincia()
-{
-    Banco t(1);
-    for (int n = 1; n <= 20; ++n) {
-        QCOMPARE(t.testo("LblOperazione"), QString::number(n));
-        t.esegui("+150 " + kGiusto);
-        QCOMPARE(t.riga(n), kInizioNumero + b(52) + "11  (sec.  99)");
-        QCOMPARE(t.c("fraAvviso")->isEnabled(), n == 20);
-        if (n < 20)
-            t.esegui("s13");
+    // The given part of a line is right-aligned in 7 columns, its blanks
+    // trimmed: symbols of one or two letters, numbers of two to seven characters.
+    void rientri()
+    {
+        QStringList simboli, numeri;
+        for (const char *t : {" u ", " da ", " dam "})
+            simboli << QString::number(RientroSimbolo(QLatin1String(t)).size());
+        for (const char *t : {"1", "12", " 1,5 ", "12.345", "1.234,56"})
+            numeri << QString::number(RientroNumero(QLatin1String(t)).size());
+        // A one-digit number has always printed unaligned.
+        QCOMPARE(simboli.join(u' ') + " | " + numeri.join(u' '), "6 5 0 | 0 5 4 1 0");
     }
-    QCOMPARE(t.testo("LblTempoTotale"), QStringLiteral("999"));
-    t.esegui("tR"); // "Stampa"
-    QCOMPARE(t.schermi.chiamate.last(), qMakePair(QStringLiteral("apri"), Schermo::StampaEsercizio));
 
-    t.esegui("soptAvviso(1)"); // "Ricomincia"
-    QCOMPARE(t.stato.record.NumeroEsercizio, qint16(1));
-    for (const char *l : {"lblRisEsatte", "lblRisErrate", "LblTempoParziale", "LblTempoTotale"})
-        QCOMPARE(t.testo(l), QString());
-    QCOMPARE(t.riga(2), kInizioNumero + b(52) + "11  (sec.  99)"); // not emptied
-    t.esegui("+1 " + kGiusto);
-    QCOMPARE(t.testo("lblRisEsatte"), QStringLiteral("21")); // counts carry on
-    QCOMPARE(t.testo("LblTempoTotale"), QStringLiteral("1"));
-}
+    // One item answered right by mouse, keyboard or switch alone: the line, then
+    // what the screen shows (outcome, right answers, sounds, item, total seconds)
+    // and where the focus waits. After a right answer it waits on "Avanti", so a
+    // second Enter moves on and verifies nothing twice.
+    void voce_data()
+    {
+        QTest::addColumn<int>("tipo");
+        QTest::addColumn<QString>("passi");
+        QTest::addColumn<QString>("riga");
+        QTest::addColumn<QString>("schermo");
 
-// Kind 3 draws the kind of every item after the generator's own draws.
-void TstEsercizio::tipoMisto()
-{
-    Banco t(3, {0, 0, 0, 0, 0, 0.75});
-    t.esegui("sOption1(1) sOption1(4)");
-    QCOMPARE(t.riga(1), kInizioSimbolo + b(53) + "h  (sec.   0)");
-    t.random.valori = {0, 0, 0, 0, 0, 0.25};
-    t.esegui("sOption1(5) " + kGiusto);
-    QCOMPARE(t.riga(2), kInizioNumero + b(52) + "11  (sec.   0)");
-}
+        const QString numero = kInizioNumero + b(52) + "11  (sec.   7)", simbolo = kInizioSimbolo + b(53) + "h  (sec.   7)";
+        QTest::newRow("number by switch") << 1 << "+7.5 s1 tR s12" << numero << "Esatto 1 1 1 7 Option2(13)";
+        QTest::newRow("number, Enter again moves on") << 1 << "+7.5 s1 tR s12 tR" << numero << " 1 1 2 7 Option2(0)";
+        QTest::newRow("from Avanti space steps on") << 1 << "+7.5 " + kGiusto + " t_ t_" << numero << " 1 1 1 7 Option2(0)";
+        // A symbol key's own blanks do not reach the line.
+        QTest::newRow("symbol by mouse, wrong first")
+            << 2 << "+7 cOption1(0) cOption1(2) cOption1(4) cOption3(1) cOption1(1) cOption1(4)"
+            << kInizioSimbolo + b(9) + "da*" + b(41) + "h  (sec.   7)" << "Esatto 1 1 1 7 Option1(5)";
+        // "V" waits for "Avanti" on the symbol pad, so the keys step to "Verifica".
+        QTest::newRow("symbol by keys") << 2 << "+7 t1 tR tV t_ t_ t_ tR" << simbolo << "Esatto 1 1 1 7 Option1(5)";
+        QTest::newRow("symbol by switch, twice") << 2 << "+7 sOption1(1) sOption1(4) tR" << simbolo << " 1 1 2 7 Option1(0)";
+    }
 
-// "A" moves on whatever the keys say; past the record's last line the
-// handler stops and the screen goes on.
-void TstEsercizio::tastoAOltreLeRighe()
-{
-    Banco t(1);
-    while (t.stato.record.NumeroEsercizio < 60)
+    void voce()
+    {
+        QFETCH(int, tipo);
+        QFETCH(QString, passi);
+        Banco t{qint16(tipo)};
+        t.esegui(passi);
+        QTEST(t.riga(1), "riga");
+        QStringList schermo;
+        for (const char *l : {"LblEsito", "lblRisEsatte"})
+            schermo << t.testo(l);
+        schermo << QString::number(t.suono.suonati) << t.testo("LblOperazione") << t.testo("LblTempoTotale") << t.fuoco();
+        QTEST(schermo.join(u' '), "schermo");
+    }
+
+    // Answer entry on the keypad: what is shown, where the focus stays, and which
+    // keys are usable. Clicked digits stop at 9 characters, typed ones at 7.
+    void inserimento_data()
+    {
+        QTest::addColumn<QString>("passi");
+        QTest::addColumn<QString>("mostrato");
+        QTest::addColumn<int>("fuoco"); // on the keypad
+        QTest::addColumn<QList<int>>("abilitati");
+
+        const QList<int> conVerifica = kInizioTastierino + QList<int>{11, 12};
+        QTest::newRow("typed comma on empty refused") << "t1 tB t," << "?" << 0 << kInizioTastierino;
+        QTest::newRow("clicked comma on empty, once") << "c10 c10 c5" << "0,5" << 5 << conVerifica;
+        QTest::newRow("double-clicked digits, once each") << "d1 d2" << "12" << 2 << conVerifica;
+        QTest::newRow("held digits, once each") << "h1 h2" << "12" << 0 << conVerifica;
+        QTest::newRow("decimals not regrouped") << "c1 c2 c3 c4 c10 c5 c6 c7" << "1.234,567" << 7 << conVerifica;
+        QTest::newRow("clicked tenth character dropped") << "c1 c2 c3 c4 c5 c6 c7 c8 c9" << "12.345.67" << 9 << conVerifica;
+        // The comma falls past the 9th character: what follows is still grouped.
+        QTest::newRow("digit after a cut comma") << "c1 c2 c3 c4 c5 c6 c7 c10 c8" << "12.345.67" << 8 << conVerifica;
+        QTest::newRow("typed eighth character dropped") << "t1 t2 t3 t4 t5 t6 t7 t8" << "123.458" << 0 << conVerifica;
+        QTest::newRow("cancel regroups") << "t1 t2 t3 t4 tB" << "123" << 0 << conVerifica;
+        QTest::newRow("cancelled comma may come again") << "t1 t, tB t," << "1," << 0 << conVerifica;
+        QTest::newRow("delete keeps a comma still there") << "t1 t, t2 t5 tD" << "1,2" << 0 << conVerifica;
+        QTest::newRow("cancel to empty, then on empty") << "t5 tB tB" << "?" << 0 << kInizioTastierino;
+    }
+
+    void inserimento()
+    {
+        QFETCH(QString, passi);
+        QFETCH(QString, mostrato);
+        QFETCH(int, fuoco);
+        QFETCH(QList<int>, abilitati);
+        Banco t(1);
+        t.esegui(passi);
+        QCOMPARE(t.testo("LblRisultato"), mostrato);
+        QCOMPARE(t.fuoco(), QStringLiteral("Option2(%1)").arg(fuoco));
+        QCOMPARE(t.abilitati(), abilitati);
+    }
+
+    // Wrong answers, help, retries and the intervention: the line and the counts.
+    void aiuto_data()
+    {
+        QTest::addColumn<QString>("passi");
+        QTest::addColumn<QString>("riga");
+        QTest::addColumn<int>("errate");
+
+        QTest::newRow("wrong, then SI") << "+3 t1 c12 tR" << kInizioNumero + b(10) + "1*" + b(40) + "^11 (sec.   3)" << 2;
+        QTest::newRow("wrong, NO, right") << "+4 t2 s12 tN tR " + kGiusto
+                                          << kInizioNumero + b(10) + "2*" + b(40) + "11  (sec.   4)" << 1;
+        QTest::newRow("three NO, then OK")
+            << "+5 t1 s12 sOption3(1) t2 s12 sOption3(1) t3 s12 t2 tR tR"
+            << kInizioNumero + b(10) + "1*" + b(10) + "2*" + b(10) + "3*" + b(16) + "^11 (sec.   5)" << 4;
+    }
+
+    void aiuto()
+    {
+        QFETCH(QString, passi);
+        QFETCH(QString, riga);
+        QFETCH(int, errate);
+        Banco t(1);
+        t.esegui("t7 tV tR");
+        QCOMPARE(t.testo("LblEsito"), QStringLiteral("Errato"));
+        QVERIFY(!t.c("Line1")->isHidden() && !t.c("LineA2")->isHidden());
+        t.esegui("tN tR"); // retry: back to the keypad as at the start
+        QCOMPARE(t.testo("LblRisultato"), QStringLiteral("?"));
+        QVERIFY(t.c("Line1")->isHidden() && t.c("LineA2")->isHidden());
+        QCOMPARE(t.abilitati(), kInizioTastierino);
+
+        // The same from a fresh item, as the row tells it.
+        t.stato.record.NumeroEsercizio = 0;
+        t.w->NuovoEsercizio();
+        t.esegui(passi);
+        QCOMPARE(t.riga(1), riga);
+        QCOMPARE(t.w->risposteErrate() - 1, errate); // one wrong answer before the row
+        QCOMPARE(t.riga(1).contains(u'^'), t.abilitati() == (QList<int>{13, 14}));
+    }
+
+    // Every item takes 150 s: each line shows 99, the total stops at 999.
+    void esercizioCompletoERicomincia()
+    {
+        Banco t(1);
+        for (int n = 1; n <= 20; ++n) {
+            QCOMPARE(t.testo("LblOperazione"), QString::number(n));
+            t.esegui("+150 " + kGiusto);
+            QCOMPARE(t.riga(n), kInizioNumero + b(52) + "11  (sec.  99)");
+            QCOMPARE(t.c("fraAvviso")->isEnabled(), n == 20);
+            if (n < 20)
+                t.esegui("s13");
+        }
+        QCOMPARE(t.testo("LblTempoTotale"), QStringLiteral("999"));
+        t.esegui("tR"); // "Stampa"
+        QCOMPARE(t.schermi.chiamate.last(), qMakePair(QStringLiteral("apri"), Schermo::StampaEsercizio));
+
+        t.esegui("soptAvviso(1)"); // "Ricomincia"
+        QCOMPARE(t.stato.record.NumeroEsercizio, qint16(1));
+        for (const char *l : {"lblRisEsatte", "lblRisErrate", "LblTempoParziale", "LblTempoTotale"})
+            QCOMPARE(t.testo(l), QString());
+        QCOMPARE(t.riga(2), kInizioNumero + b(52) + "11  (sec.  99)"); // not emptied
+        t.esegui("+1 " + kGiusto);
+        QCOMPARE(t.testo("lblRisEsatte"), QStringLiteral("21")); // counts carry on
+        QCOMPARE(t.testo("LblTempoTotale"), QStringLiteral("1"));
+    }
+
+    // Kind 3 draws the kind of every item after the generator's own draws.
+    void tipoMisto()
+    {
+        Banco t(3, {0, 0, 0, 0, 0, 0.75});
+        t.esegui("sOption1(1) sOption1(4)");
+        QCOMPARE(t.riga(1), kInizioSimbolo + b(53) + "h  (sec.   0)");
+        t.random.valori = {0, 0, 0, 0, 0, 0.25};
+        t.esegui("sOption1(5) " + kGiusto);
+        QCOMPARE(t.riga(2), kInizioNumero + b(52) + "11  (sec.   0)");
+    }
+
+    // "A" moves on whatever the keys say; past the record's last line the
+    // handler stops and the screen goes on.
+    void tastoAOltreLeRighe()
+    {
+        Banco t(1);
+        while (t.stato.record.NumeroEsercizio < 60)
+            t.tasto(Qt::Key_A);
+        QCOMPARE(t.riga(60), kInizioNumero);
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("handler stopped"));
         t.tasto(Qt::Key_A);
-    QCOMPARE(t.riga(60), kInizioNumero);
-    QTest::ignoreMessage(QtWarningMsg, QRegularExpression("handler stopped"));
-    t.tasto(Qt::Key_A);
-    QCOMPARE(t.testo("LblOperazione"), QStringLiteral("61"));
-    QVERIFY(t.w->isVisible());
-}
+        QCOMPARE(t.testo("LblOperazione"), QStringLiteral("61"));
+        QVERIFY(t.w->isVisible());
+    }
 
-// "Esci" and closing the window both go back to the start screen.
-void TstEsercizio::uscita()
-{
-    const QList<QPair<QString, Schermo>> indietro{{"apri", Schermo::Inizio}, {"chiudi", Schermo::Operativo}};
-    Banco t(1);
-    t.esegui("tE tR c14"); // "Esci" is disabled at the start of an item, to keys and mouse
-    QVERIFY(t.schermi.chiamate.isEmpty());
-    t.esegui(kGiusto + " tE tR");
-    QCOMPARE(t.schermi.chiamate, indietro);
+    // "Esci" and closing the window both go back to the start screen.
+    void uscita()
+    {
+        const QList<QPair<QString, Schermo>> indietro{{"apri", Schermo::Inizio}, {"chiudi", Schermo::Operativo}};
+        Banco t(1);
+        t.esegui("tE tR c14"); // "Esci" is disabled at the start of an item, to keys and mouse
+        QVERIFY(t.schermi.chiamate.isEmpty());
+        t.esegui(kGiusto + " tE tR");
+        QCOMPARE(t.schermi.chiamate, indietro);
 
-    Banco chiusa(2);
-    chiusa.w->close();
-    QCOMPARE(chiusa.schermi.chiamate, indietro);
-}
+        Banco chiusa(2);
+        chiusa.w->close();
+        QCOMPARE(chiusa.schermi.chiamate, indietro);
+    }
+};
 
 QTEST_MAIN(TstEsercizio)
 #include "tst_esercizio.moc"

@@ -140,19 +140,6 @@ private slots:
         QCOMPARE(pixel(k1, 8, 20), fuoco);
     }
 
-    // Keys are looked up by index; a row with no key able to take the focus
-    // must not hang a step.
-    void intervalloERigaSpenta()
-    {
-        Banco b(3);
-        QVERIFY_THROWS_EXCEPTION(ErroreIntervallo, b.riga->bottone(-1));
-        QVERIFY_THROWS_EXCEPTION(ErroreIntervallo, b.riga->bottone(3));
-        for (int i = 0; i < 3; ++i)
-            b.riga->bottone(i)->setEnabled(false);
-        b.riga->passo();
-        QCOMPARE(b.riga->indiceFuoco(), -1);
-    }
-
     // The generator reseeds from a millisecond clock on every item and every
     // worksheet line: the same seed twice must not repeat the draws.
     void casoEOrologio()
