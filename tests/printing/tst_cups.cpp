@@ -3,6 +3,7 @@
 // a queue that copies the PDF it gets, unchanged, into a file there. Nothing
 // outside that folder is touched, and a system scheduler may run alongside.
 // Skipped, with the reason, where the machine cannot do it.
+#include "fakes/cartella.h"
 #include "fakes/fakes.h"
 #include "printing/stampa.h"
 #include "settings/stato.h"
@@ -32,11 +33,6 @@ class TestCups : public QObject
         return {ok, p.readAll()};
     }
 
-    bool scrivi(const QString &nome, const QString &testo) const
-    {
-        QFile f(d(nome));
-        return f.open(QIODevice::WriteOnly) && f.write(testo.toUtf8()) > 0;
-    }
 
 private slots:
     void initTestCase()
@@ -60,15 +56,14 @@ private slots:
         QVERIFY(QDir(dir_.path()).mkdir("socket", QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
         for (const char *sotto : {"spool", "cache", "state", "tmp"})
             QVERIFY(QDir(dir_.path()).mkdir(sotto));
-        QVERIFY(scrivi("cupsd.conf", QString("Listen %1/socket/cups\nBrowsing No\n"
-                                     "<Policy default>\n<Limit All>\n</Limit>\n</Policy>\n"
-                                     ).arg(dir_.path())));
-        QVERIFY(scrivi("cups-files.conf", QString("ServerRoot %1\nRequestRoot %1/spool\nCacheDir %1/cache\nStateDir %1/state\n"
-                                          "TempDir %1/tmp\nErrorLog %1/log\nAccessLog %1/log\nPageLog %1/log\nPrintcap %1/printcap\nFileDevice Yes\n"
-                                          ).arg(dir_.path())));
+        QVERIFY(scriviFile(d("cupsd.conf"), QString("Listen %1/socket/cups\nBrowsing No\n<Policy default>\n<Limit All>\n"
+                                                    "</Limit>\n</Policy>\n").arg(dir_.path()).toUtf8()));
+        QVERIFY(scriviFile(d("cups-files.conf"), QString("ServerRoot %1\nRequestRoot %1/spool\nCacheDir %1/cache\nStateDir %1/state\n"
+                                                         "TempDir %1/tmp\nErrorLog %1/log\nAccessLog %1/log\nPageLog %1/log\n"
+                                                         "Printcap %1/printcap\nFileDevice Yes\n").arg(dir_.path()).toUtf8()));
         // A queue with no filter at all never opens its file: one that only
         // copies its PDF input.
-        QVERIFY(scrivi("copia.ppd", "*PPD-Adobe: \"4.3\"\n*ModelName: \"Copia\"\n*NickName: \"Copia\"\n"
+        QVERIFY(scriviFile(d("copia.ppd"), "*PPD-Adobe: \"4.3\"\n*ModelName: \"Copia\"\n*NickName: \"Copia\"\n"
                                     "*cupsFilter: \"application/pdf 0 gziptoany\"\n"));
 
         cupsd_.setProcessChannelMode(QProcess::MergedChannels);

@@ -231,17 +231,14 @@ private slots:
     void scelte()
     {
         QFETCH(QString, script);
-        QFETCH(QString, focus);
-        QFETCH(QString, atteso);
-        QFETCH(QString, schermi);
         apri<FrmInizio>();
         esegui(f_.get(), script);
-        QCOMPARE(fuoco(), focus);
+        QTEST(fuoco(), "focus");
         const Settings &s = stato_->settings;
-        QCOMPARE(QStringLiteral("%1%2|%3|%4|%5%6").arg(s.TipoEsercizio).arg(s.OrdineSimboli)
-                     .arg(testo("Label1"), testo("Label2")).arg(f_->findChild<QWidget *>("Frame2")->isEnabled())
-                     .arg(f_->findChild<QWidget *>("Frame3")->isEnabled()), atteso);
-        QCOMPARE(chiamate(schermi_), schermi);
+        QTEST(QStringLiteral("%1%2|%3|%4|%5%6").arg(s.TipoEsercizio).arg(s.OrdineSimboli)
+                  .arg(testo("Label1"), testo("Label2")).arg(f_->findChild<QWidget *>("Frame2")->isEnabled())
+                  .arg(f_->findChild<QWidget *>("Frame3")->isEnabled()), "atteso");
+        QTEST(chiamate(schermi_), "schermi");
     }
 
     // The curtains open by themselves once the screen is on view; each
@@ -352,34 +349,29 @@ private slots:
         QFETCH(QSize, design);
         const QMargins cornice(4, 32, 4, 4);
         QWidget w;
-        QLabel testo(&w);
-        testo.setFont(QFont(QStringLiteral("Sans"), 20));
-        w.move(-50, -50);
         w.resize(design);
+        QLabel testo(&w);
+        QComboBox combo(&w);
+        QFrame linea(&w);
+        linea.setFrameShape(QFrame::HLine);
+        testo.setFont(QFont(QStringLiteral("Sans"), 20));
+        for (QWidget *c : {static_cast<QWidget *>(&testo), static_cast<QWidget *>(&combo), static_cast<QWidget *>(&linea)})
+            c->setGeometry(40, 30, 80, 20);
+        ResizeColore r;
+        r.prendi(&w);
+        w.move(-50, -50);
         AdattaAlloSchermo(&w, cornice);
+        r.applica();
         QTEST(w.size(), "atteso");
-        QCOMPARE(testo.font().pointSizeF(), 20.0 * w.width() / design.width());
+        const double f = double(w.width()) / design.width();
+        QCOMPARE(testo.font().pointSizeF(), 20.0 * f);
+        // The proportional resize moves the label, never a combo box or a line.
+        QCOMPARE(testo.geometry(), QRect(qRound(40 * f), qRound(30.0 * w.height() / design.height()), qRound(80 * f),
+                                         qRound(20.0 * w.height() / design.height())));
+        QVERIFY(combo.geometry() == QRect(40, 30, 80, 20) && linea.geometry() == QRect(40, 30, 80, 20));
         // Centred in the free area, or left where it was.
         const QPoint scarto = QRect(w.pos(), w.size().grownBy(cornice)).center() - w.screen()->availableGeometry().center();
         QVERIFY(design == w.size() ? w.pos() == QPoint(-50, -50) : scarto.manhattanLength() <= 2);
-    }
-
-    // Combo boxes and lines keep their design place.
-    void ridimensionaNonSposta()
-    {
-        QWidget m;
-        m.resize(400, 300);
-        QComboBox combo(&m);
-        QFrame linea(&m);
-        linea.setFrameShape(QFrame::HLine);
-        for (QWidget *w : {static_cast<QWidget *>(&combo), static_cast<QWidget *>(&linea)})
-            w->setGeometry(40, 30, 81, 23);
-        ResizeColore r;
-        r.prendi(&m);
-        m.resize(800, 600);
-        r.applica();
-        QCOMPARE(combo.geometry(), QRect(40, 30, 81, 23));
-        QCOMPARE(linea.geometry(), QRect(40, 30, 81, 23));
     }
 };
 
