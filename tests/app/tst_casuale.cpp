@@ -88,10 +88,8 @@ struct Mondo {
 
 QString descrivi(const QWidget *w)
 {
-    if (!w)
-        return QStringLiteral("(none)");
-    const QString n = w->objectName();
-    return w->window()->objectName() + u'/' + (n.isEmpty() ? QLatin1String(w->metaObject()->className()) : n);
+    return !w ? QStringLiteral("(none)")
+              : w->window()->objectName() + u'/' + (w->objectName().isEmpty() ? w->metaObject()->className() : w->objectName());
 }
 
 // What a screen reader finds on a screen, frames not yet in front included:
@@ -197,11 +195,9 @@ class TestCasuale : public QObject
     // keys the screens answer to.
     QString tasto(QWindow *w)
     {
-        static const int altri[] = {Qt::Key_Tab,   Qt::Key_Backtab, Qt::Key_Left,      Qt::Key_Right,
-                                    Qt::Key_Up,    Qt::Key_Down,    Qt::Key_Escape,    Qt::Key_Comma,
-                                    Qt::Key_Period, Qt::Key_Minus,  Qt::Key_Backspace, Qt::Key_Delete,
-                                    Qt::Key_Home,  Qt::Key_End,     Qt::Key_F1,        Qt::Key_F4,
-                                    0 /* a character with no key */};
+        static const int altri[] = {Qt::Key_Tab, Qt::Key_Backtab, Qt::Key_Left, Qt::Key_Right, Qt::Key_Up, Qt::Key_Down,
+                                    Qt::Key_Escape, Qt::Key_Comma, Qt::Key_Period, Qt::Key_Minus, Qt::Key_Backspace,
+                                    Qt::Key_Delete, Qt::Key_Home, Qt::Key_End, Qt::Key_F1, Qt::Key_F4, 0 /* no key */};
         static const QString caratteri = QStringLiteral(" 0123456789,.-+aeimnsvAEIMNSV\u00e8\u20ac");
         int key = 0;
         QString testo;
@@ -263,10 +259,8 @@ class TestCasuale : public QObject
         }
         const int b = caso_.sotto(100), modo = caso_.sotto(100);
         const Qt::MouseButton bottone = b < 85 ? Qt::LeftButton : b < 95 ? Qt::RightButton : Qt::MiddleButton;
-        const QTest::MouseAction azione = modo < 70   ? QTest::MouseClick
-                                          : modo < 85 ? QTest::MousePress
-                                          : modo < 95 ? QTest::MouseRelease
-                                                      : QTest::MouseDClick;
+        const QTest::MouseAction azione = modo < 70 ? QTest::MouseClick : modo < 85 ? QTest::MousePress
+                                          : modo < 95 ? QTest::MouseRelease : QTest::MouseDClick;
         QTest::mouseEvent(azione, w, bottone, {}, punto);
         return QStringLiteral("mouse action %1 button %2 at %3,%4 on %5")
             .arg(int(azione)).arg(int(bottone)).arg(punto.x()).arg(punto.y()).arg(dove);

@@ -4,7 +4,6 @@
 #include "ui/schermi.h"
 #include "ui/suono.h"
 #include <QList>
-#include <QPair>
 #include <QStringList>
 #include <deque>
 
@@ -57,11 +56,19 @@ public:
     void suona() override { ++suonati; }
 };
 
-// Records what the screens ask of the screen manager; nothing opens.
+// Records what the screens ask of the screen manager, as "apri Operativo,
+// chiudi Schede"; nothing opens.
 class FakeScreens final : public IScreens
 {
 public:
-    QList<QPair<QString, Schermo>> chiamate; // ("apri"|"chiudi", screen)
-    void apri(Schermo s) override { chiamate.append({QStringLiteral("apri"), s}); }
-    void chiudi(Schermo s) override { chiamate.append({QStringLiteral("chiudi"), s}); }
+    QString chiamate;
+    void apri(Schermo s) override { scrivi(QStringLiteral("apri "), s); }
+    void chiudi(Schermo s) override { scrivi(QStringLiteral("chiudi "), s); }
+
+private:
+    void scrivi(const QString &azione, Schermo s)
+    {
+        static const char *const nomi[] = {"Inizio", "Operativo", "Opzioni", "StampaEsercizio", "Schede", "SceltaStampante", "Autore"};
+        chiamate += (chiamate.isEmpty() ? QString() : QStringLiteral(", ")) + azione + QLatin1String(nomi[int(s)]);
+    }
 };

@@ -68,14 +68,6 @@ void esegui(QWidget *f, const QString &script)
     }
 }
 
-QString chiamate(const FakeScreens &f)
-{
-    const QStringList nomi{"Inizio", "Operativo", "Opzioni", "StampaEsercizio", "Schede", "SceltaStampante", "Autore"};
-    QStringList out;
-    for (const auto &[azione, s] : f.chiamate)
-        out << azione + ' ' + nomi[int(s)];
-    return out.join(", ");
-}
 
 } // namespace
 
@@ -238,7 +230,7 @@ private slots:
         QTEST(QStringLiteral("%1%2|%3|%4|%5%6").arg(s.TipoEsercizio).arg(s.OrdineSimboli)
                   .arg(testo("Label1"), testo("Label2")).arg(f_->findChild<QWidget *>("Frame2")->isEnabled())
                   .arg(f_->findChild<QWidget *>("Frame3")->isEnabled()), "atteso");
-        QTEST(chiamate(schermi_), "schermi");
+        QTEST(schermi_.chiamate, "schermi");
     }
 
     // The curtains open by themselves once the screen is on view; each
@@ -292,7 +284,7 @@ private slots:
         s.ImpostazioneB = true; // asks for a control the panel does not have
         esegui(f_.get(), "click:Option1(2) click:Option27(0) click:Option17(7) " + script);
         QCOMPARE(aspetto(s), atteso);
-        QCOMPARE(chiamate(schermi_), dopo == "chiuso" ? "chiudi Opzioni" : "");
+        QCOMPARE(schermi_.chiamate, dopo == "chiuso" ? "chiudi Opzioni" : "");
         QCOMPARE(QFile::exists(kPannello), dopo == "scritto");
         const RigaOpzioni *comandi = static_cast<FrmOpzioni *>(f_.get())->comandi();
         QCOMPARE(comandi->opzioni().fuoco, ColoreDaTesto(s.ColoreScansioneScuro));
