@@ -129,25 +129,30 @@ private slots:
         QTest::addColumn<QString>("passi");
         QTest::addColumn<QString>("riga");
         QTest::addColumn<QString>("schermo");
+        QTest::addColumn<QList<double>>("caso"); // draws after the generator's own (kind 3 draws the kind)
 
+        const QList<double> no, numeroMisto{0, 0, 0, 0, 0, 0.25}, simboloMisto{0, 0, 0, 0, 0, 0.75};
         const QString numero = kInizioNumero + b(52) + "11  (sec.   7)", simbolo = kInizioSimbolo + b(53) + "h  (sec.   7)";
-        QTest::newRow("number by switch") << 1 << "+7.5 s1 tR s12" << numero << "Esatto 1 1 1 7 Option2(13)";
-        QTest::newRow("number, Enter again moves on") << 1 << "+7.5 s1 tR s12 tR" << numero << " 1 1 2 7 Option2(0)";
-        QTest::newRow("from Avanti space steps on") << 1 << "+7.5 " + kGiusto + " t_ t_" << numero << " 1 1 1 7 Option2(0)";
+        QTest::newRow("number by switch") << 1 << "+7.5 s1 tR s12" << numero << "Esatto 1 1 1 7 Option2(13)" << no;
+        QTest::newRow("number, Enter again moves on") << 1 << "+7.5 s1 tR s12 tR" << numero << " 1 1 2 7 Option2(0)" << no;
+        QTest::newRow("from Avanti space steps on") << 1 << "+7.5 " + kGiusto + " t_ t_" << numero << " 1 1 1 7 Option2(0)" << no;
         // A symbol key's own blanks do not reach the line.
         QTest::newRow("symbol by mouse, wrong first")
             << 2 << "+7 cOption1(0) cOption1(2) cOption1(4) cOption3(1) cOption1(1) cOption1(4)"
-            << kInizioSimbolo + b(9) + "da*" + b(41) + "h  (sec.   7)" << "Esatto 1 1 1 7 Option1(5)";
+            << kInizioSimbolo + b(9) + "da*" + b(41) + "h  (sec.   7)" << "Esatto 1 1 1 7 Option1(5)" << no;
         // "V" waits for "Avanti" on the symbol pad, so the keys step to "Verifica".
-        QTest::newRow("symbol by keys") << 2 << "+7 t1 tR tV t_ t_ t_ tR" << simbolo << "Esatto 1 1 1 7 Option1(5)";
-        QTest::newRow("symbol by switch, twice") << 2 << "+7 sOption1(1) sOption1(4) tR" << simbolo << " 1 1 2 7 Option1(0)";
+        QTest::newRow("symbol by keys") << 2 << "+7 t1 tR tV t_ t_ t_ tR" << simbolo << "Esatto 1 1 1 7 Option1(5)" << no;
+        QTest::newRow("symbol by switch, twice") << 2 << "+7 sOption1(1) sOption1(4) tR" << simbolo << " 1 1 2 7 Option1(0)" << no;
+        QTest::newRow("kind 3, a number") << 3 << "+7.5 " + kGiusto << numero << "Esatto 1 1 1 7 Option2(13)" << numeroMisto;
+        QTest::newRow("kind 3, a symbol") << 3 << "+7 sOption1(1) sOption1(4)" << simbolo << "Esatto 1 1 1 7 Option1(5)" << simboloMisto;
     }
 
     void voce()
     {
         QFETCH(int, tipo);
         QFETCH(QString, passi);
-        Banco t{qint16(tipo)};
+        QFETCH(QList<double>, caso);
+        Banco t{qint16(tipo), {caso.begin(), caso.end()}};
         t.esegui(passi);
         QTEST(t.riga(1), "riga");
         QStringList schermo;
@@ -260,18 +265,6 @@ private slots:
     }
 
     // Kind 3 draws the kind of every item after the generator's own draws.
-    void tipoMisto()
-    {
-        Banco t(3, {0, 0, 0, 0, 0, 0.75});
-        t.esegui("sOption1(1) sOption1(4)");
-        QCOMPARE(t.riga(1), kInizioSimbolo + b(53) + "h  (sec.   0)");
-        t.random.valori = {0, 0, 0, 0, 0, 0.25};
-        t.esegui("sOption1(5) " + kGiusto);
-        QCOMPARE(t.riga(2), kInizioNumero + b(52) + "11  (sec.   0)");
-    }
-
-    // "A" moves on whatever the keys say; past the record's last line the
-    // handler stops and the screen goes on.
     void tastoAOltreLeRighe()
     {
         Banco t(1);
