@@ -62,10 +62,8 @@ void frmOperativo::azioneTastierino(int i)
     if (i >= 0 && i <= 9) {
         cifra(QChar(u'0' + i), LunghezzaMassima);
     } else if (i == kVirgola) {
-        if (!risposta_.virgola) {
-            VirgolaCliccata(risposta_);
-            mostraRisposta();
-        }
+        VirgolaCliccata(risposta_);
+        mostraRisposta();
     } else if (i == kCancella) {
         Cancella(risposta_);
         mostraRisposta();
@@ -121,8 +119,6 @@ bool frmOperativo::tastoTastierino(int i, QKeyEvent *k)
         }
         switch (k->key()) {
         case Qt::Key_Comma:
-            if (risposta_.virgola)
-                break;
             if (VirgolaDigitata(risposta_)) {
                 mostraRisposta();
             } else {
@@ -133,10 +129,8 @@ bool frmOperativo::tastoTastierino(int i, QKeyEvent *k)
         case Qt::Key_C:
         case Qt::Key_Backspace:
         case Qt::Key_Delete:
-            if (!risposta_.testo.isEmpty()) {
-                Cancella(risposta_);
-                mostraRisposta();
-            }
+            Cancella(risposta_);
+            mostraRisposta();
             break;
         case Qt::Key_V:
             fuoco(option2_, kVerifica);

@@ -182,7 +182,7 @@ private slots:
         QTest::newRow("digit after a cut comma") << "c1 c2 c3 c4 c5 c6 c7 c10 c8" << "12.345.67" << 8 << conVerifica;
         QTest::newRow("typed eighth character dropped") << "t1 t2 t3 t4 t5 t6 t7 t8" << "123.458" << 0 << conVerifica;
         QTest::newRow("cancel regroups") << "t1 t2 t3 t4 tB" << "123" << 0 << conVerifica;
-        QTest::newRow("cancelled comma may come again") << "t1 t, tB t," << "1," << 0 << conVerifica;
+        QTest::newRow("a second comma is ignored, a cancelled one may come again") << "t1 t, t, tB t," << "1," << 0 << conVerifica;
         QTest::newRow("delete keeps a comma still there") << "t1 t, t2 t5 tD" << "1,2" << 0 << conVerifica;
         QTest::newRow("cancel to empty, then on empty") << "t5 tB tB" << "?" << 0 << kInizioTastierino;
     }

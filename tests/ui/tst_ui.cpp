@@ -146,6 +146,7 @@ private slots:
             visti.insert(x);
         }
         QVERIFY(visti.size() > 990);
+        QVERIFY(*std::min_element(visti.begin(), visti.end()) < 0.01 && *std::max_element(visti.begin(), visti.end()) > 0.99);
         const double t = QtClock().Timer(); // seconds, not milliseconds
         QVERIFY(t >= 0.0 && t < 86400.0);
     }
