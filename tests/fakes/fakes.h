@@ -34,17 +34,15 @@ public:
     static double per(int k, int n) { return (k - 1 + 0.5) / n; }
 };
 
+// Every message as "text | title (!)": the title when it has one, "(!)" for
+// the critical icon.
 class FakeMessageBox final : public IMessageBox
 {
 public:
-    struct Messaggio {
-        QString testo, titolo;
-        Icona icona;
-    };
-    QList<Messaggio> mostrati;
+    QStringList mostrati;
     void mostra(const QString &testo, const QString &titolo, Icona icona) override
     {
-        mostrati.append({testo, titolo, icona});
+        mostrati << testo + (titolo.isEmpty() ? QString() : " | " + titolo) + (icona == Icona::Critica ? " (!)" : "");
     }
 };
 
