@@ -20,8 +20,7 @@ VALORE = {"u": Decimal(1), "d": Decimal("0.1"), "c": Decimal("0.01"), "m": Decim
 
 
 def fallisci(msg):
-    print("FAIL:", msg)
-    sys.exit(1)
+    sys.exit("FAIL: " + msg)
 
 
 def attendi(cond, cosa, secondi=10.0):
@@ -65,9 +64,8 @@ def fuoco():
 
 
 def tasti(*nomi):
-    for n in nomi:
-        subprocess.run(["xdotool", "key", "--delay", "40", n], check=True)
-        time.sleep(0.15)
+    subprocess.run(["xdotool", "key", "--delay", "150", *nomi], check=True)
+    time.sleep(0.15)
 
 
 def controlla(finestra, pannello, dove):

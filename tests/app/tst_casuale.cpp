@@ -26,7 +26,6 @@ Q_DECLARE_METATYPE(Schermo)
 
 namespace {
 
-constexpr int kEventiModale = 8; // events a modal box gets before it is sent away
 
 // One stream for the events, another for the program's draws, so that the
 // program's draws do not shift the events.
@@ -311,7 +310,7 @@ class TestCasuale : public QObject
             modali_ = 0;
             return;
         }
-        if (!errore_.isEmpty() || modali_ >= kEventiModale) {
+        if (!errore_.isEmpty() || modali_ >= 8) { // eight events, then it is sent away
             modale->close();
             return;
         }
