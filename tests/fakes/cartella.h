@@ -26,8 +26,6 @@ public:
             QDir::setCurrent(dir_.path());
     }
     ~CartellaDiProva() { QDir::setCurrent(prima_); }
-    CartellaDiProva(const CartellaDiProva &) = delete;
-    CartellaDiProva &operator=(const CartellaDiProva &) = delete;
 
     bool valida() const { return dir_.isValid(); }
     QString percorso() const { return dir_.path(); }
