@@ -83,27 +83,6 @@ private slots:
         QTEST(item.TestoNumero, "numero");
     }
 
-    // Titles turn from numbers to measures after level 3. An unknown level
-    // leaves topic and titles alone but still rewrites the menu caption.
-    void titoli_data()
-    {
-        QTest::addColumn<int>("livello");
-        QTest::addColumn<QStringList>("titoli");
-        QTest::newRow("4") << 4 << QStringList{"SISTEMA METRICO: composizione", "SISTEMA METRICO", "COMPOSIZIONE DELLE MISURE", " metri,    decimetri, centimetri, millimetri", "Stampa schede:  metri,    decimetri, centimetri, millimetri", "  m "};
-        for (int livello : {0, 13})
-            QTest::addRow("%d", livello) << livello << QStringList{"SISTEMA DECIMALE: composizione", "SISTEMA DECIMALE ", "COMPOSIZIONE DEI NUMERI", "scritta a mano", "Stampa schede: scritta a mano", "    "};
-    }
-    void titoli()
-    {
-        QFETCH(int, livello);
-        TopicInstallato topic;
-        TitoliInizio t;
-        SceltaSimboli(2, topic, t);
-        t.Label6[2] = QStringLiteral("scritta a mano");
-        SceltaSimboli(qint16(livello), topic, t);
-        QTEST((QStringList{t.caption, t.Label6[0], t.Label6[1], t.Label6[2], t.mnuSchede, topic.Simboli[1]}), "titoli");
-    }
-
     void numero_data()
     {
         QTest::addColumn<double>("valore");

@@ -273,8 +273,7 @@ private slots:
         QCOMPARE(t.riga(60), kInizioNumero);
         QTest::ignoreMessage(QtWarningMsg, QRegularExpression("handler stopped"));
         t.tasto(Qt::Key_A);
-        QCOMPARE(t.testo("LblOperazione"), QStringLiteral("61"));
-        QVERIFY(t.w->isVisible());
+        QCOMPARE(t.testo("LblOperazione"), QStringLiteral("61")); // the count went up, then the line stopped it
     }
 
     // "Esci" and closing the window both go back to the start screen.

@@ -28,7 +28,6 @@ public:
     ~CartellaDiProva() { QDir::setCurrent(prima_); }
 
     bool valida() const { return dir_.isValid(); }
-    QString percorso() const { return dir_.path(); }
 
 private:
     QString prima_ = QDir::currentPath();

@@ -24,10 +24,9 @@ public:
     void Randomize(double seed) override { semi.append(seed); }
     double Rnd() override
     {
-        if (valori.empty())
-            return dopo;
-        const double v = valori.front();
-        valori.pop_front();
+        const double v = valori.empty() ? dopo : valori.front();
+        if (!valori.empty())
+            valori.pop_front();
         return v;
     }
     // The value that makes Int(Rnd * n) + 1 come out as k (1..n).

@@ -160,22 +160,24 @@ private slots:
     {
         QTest::addColumn<QByteArray>("file");
         QTest::addColumn<QString>("script");
-        QTest::addColumn<QString>("atteso"); // level | digits | largest value | title | page colour
+        QTest::addColumn<QString>("atteso"); // level | digits | largest value | title | page colour | worksheets menu
         QTest::addColumn<QString>("fuoco");  // after the script
         const QString dec = "|SISTEMA DECIMALE: composizione|", k0 = "Option1(0)";
-        QTest::newRow("no file") << QByteArray() << "" << "1|1 cifra|9" + dec + "12640511" << k0;
-        QTest::newRow("levels line") << QByteArray(" 7  2 \r\n") << ""
-                                     << "7|2 cifre|19|SISTEMA METRICO: composizione|12640511" << k0;
-        QTest::newRow("appearance lines") << kAspetto << "" << "1|1 cifra|9" + dec + "0" << k0;
-        // No topic for this level: the titles stay as they were drawn.
-        QTest::newRow("level without topic") << QByteArray(" 20  1 \r\n") << "" << "20|1 cifra|9|COMPOSIZIONE|12640511" << k0;
+        const QString uno = "|1 cifra|9" + dec + "12640511|Stampa schede:  unità,    decimi, centesimi, millesimi";
+        QTest::newRow("no file") << QByteArray() << "" << "1" + uno << k0;
+        QTest::newRow("levels line") << QByteArray(" 7  2 \r\n") << "" << "7|2 cifre|19|SISTEMA METRICO: composizione|12640511"
+                                        "|Stampa schede:  grammi,    decigrammi, centigrammi, milligrammi" << k0;
+        QTest::newRow("appearance lines") << kAspetto << "" << QString("1" + uno).replace("12640511", "0") << k0;
+        // No topic for this level: the titles stay as they were drawn, the menu follows them.
+        QTest::newRow("level without topic") << QByteArray(" 20  1 \r\n") << ""
+                                             << "20|1 cifra|9|COMPOSIZIONE|12640511|Stampa schede:  u   d c m" << k0;
         QTest::newRow("level: arrow and titles, wraps after 3") << QByteArray()
-            << "click:Label8 click:Label6(0) click:Label6(2) click:Label8" << "2|1 cifra|9" + dec + "12640511" << k0;
+            << "click:Label8 click:Label6(0) click:Label6(2) click:Label8" << "2|1 cifra|9" + dec + "12640511|Stampa schede: centinaia, decine, unità" << k0;
         QTest::newRow("digits wrap") << QByteArray() << "click:Label7 click:lblCifre click:Label7"
-                                     << "1|2 cifre|19" + dec + "12640511" << k0;
+                                     << QString("1" + uno).replace("1 cifra|9", "2 cifre|19") << k0;
         // The arrows never take the focus: space still steps the row it was on.
-        QTest::newRow("double clicks step once, focus stays") << QByteArray()
-            << "dclick:Label8 dclick:Label6(1) dclick:Label7 SPC" << "3|2 cifre|19" + dec + "12640511" << "Option1(1)";
+        QTest::newRow("double clicks step once, focus stays") << QByteArray() << "dclick:Label8 dclick:Label6(1) dclick:Label7 SPC"
+            << "3|2 cifre|19" + dec + "12640511|Stampa schede:  migliaia,    centinaia, decine, unità" << "Option1(1)";
     }
     void livelloECifre()
     {
@@ -191,8 +193,8 @@ private slots:
                 QTEST(fuoco(), "fuoco");
             }
             const Settings &s = stato_->settings;
-            QCOMPARE(QStringList({testo("Label3"), testo("lblCifre"), QString::number(s.ValoreMassimo),
-                                  f_->windowTitle(), s.ColoreSfondo}).join('|'), atteso);
+            QCOMPARE(QStringList({testo("Label3"), testo("lblCifre"), QString::number(s.ValoreMassimo), f_->windowTitle(),
+                                  s.ColoreSfondo, f_->findChild<QAction *>("mnuSchede")->text()}).join('|'), atteso);
         }
         QCOMPARE(QFile::exists(datInizio()), !file.isEmpty() || !script.isEmpty());
     }
