@@ -44,6 +44,15 @@ QLabel *etichetta(QWidget *parent, const QString &nome, const QString &testo, co
     return l;
 }
 
+// The colour of a label's text. A palette, not a style sheet: a style sheet
+// per label costs the start screen a polish of each at its first show.
+void inchiostro(QWidget *w, const QColor &c)
+{
+    QPalette p = w->palette();
+    p.setColor(QPalette::WindowText, c);
+    w->setPalette(p);
+}
+
 void sfondo(QWidget *w, const QColor &c)
 {
     QPalette p = w->palette();
@@ -59,7 +68,7 @@ void comeTasto(QLabel *l, const QString &ruolo)
     l->setAccessibleName(ruolo);
     l->setToolTip(ruolo);
     l->setCursor(Qt::PointingHandCursor);
-    l->setStyleSheet(QStringLiteral("QLabel { color: rgb(20, 40, 120); }"));
+    inchiostro(l, kTitoli);
 }
 
 } // namespace
@@ -103,7 +112,7 @@ void FrmInizio::costruisci()
     for (int i = 0; i < 3; ++i) {
         label6_[i] = etichetta(pagina_, QStringLiteral("Label6(%1)").arg(i), titoli[i], gTitoli[i],
                                fTitoli[i], Qt::AlignCenter);
-        label6_[i]->setStyleSheet(QStringLiteral("color: rgb(20, 40, 120);"));
+        inchiostro(label6_[i], kTitoli);
         label6_[i]->setCursor(Qt::PointingHandCursor);
         label6_[i]->setToolTip(QStringLiteral("aumenta livello"));
         label6_[i]->installEventFilter(this);
@@ -111,17 +120,17 @@ void FrmInizio::costruisci()
 
     auto *lblLivello = etichetta(pagina_, QStringLiteral("lblLivello"), QStringLiteral("Livello"),
                                  {800, 12, 90, 26}, FontArial(12), Qt::AlignCenter);
-    lblLivello->setStyleSheet(QStringLiteral("color: rgb(20, 40, 120);"));
+    inchiostro(lblLivello, kTitoli);
     label3_ = etichetta(pagina_, QStringLiteral("Label3"), QString(), {800, 38, 90, 50}, FontArial(30, true),
                         Qt::AlignCenter);
     label3_->setAccessibleDescription(QStringLiteral("livello"));
-    label3_->setStyleSheet(QStringLiteral("color: rgb(20, 40, 120);"));
+    inchiostro(label3_, kTitoli);
     label8_ = etichetta(pagina_, QStringLiteral("Label8"), QString(), {895, 28, 85, 60}, FontArial(30, true),
                         Qt::AlignCenter);
     comeTasto(label8_, QStringLiteral("aumenta livello"));
     lblCifre_ = etichetta(pagina_, QStringLiteral("lblCifre"), QString(), {800, 92, 115, 36}, FontArial(16, true),
                           Qt::AlignCenter);
-    lblCifre_->setStyleSheet(QStringLiteral("color: rgb(20, 40, 120);"));
+    inchiostro(lblCifre_, kTitoli);
     lblCifre_->setCursor(Qt::PointingHandCursor);
     label7_ = etichetta(pagina_, QStringLiteral("Label7"), QString(), {918, 88, 62, 42}, FontArial(22, true),
                         Qt::AlignCenter);
@@ -187,7 +196,7 @@ void FrmInizio::costruisci()
     label4_[0] = etichetta(frame4, QStringLiteral("Label4(0)"), QString(), {8, 6, 90, 32}, sansSerif);
     label4_[1] = etichetta(frame4, QStringLiteral("Label4(1)"), QString(), {100, 6, 120, 32}, sansSerif);
     for (int i = 0; i < 2; ++i)
-        label4_[i]->setStyleSheet(QStringLiteral("color: red;"));
+        inchiostro(label4_[i], Qt::red);
     etichetta(pagina_, QStringLiteral("Label5"),
               QStringLiteral("Composizione - esercizi sul sistema decimale e sulle misure"),
               {260, 606, 720, 32}, FontArial(11), Qt::AlignRight | Qt::AlignVCenter);
