@@ -25,7 +25,7 @@ casuale=0
 # QtTest gives up on a test function after five minutes; one screen's events
 # take longer than that here, so the watchdog is scaled to 20 ms an event and
 # still catches a program that hangs.
-(cd "$out" && env QTEST_FUNCTION_TIMEOUT=$((eventi * 20 > 300000 ? eventi * 20 : 300000)) QT_QPA_PLATFORM=offscreen QT_LOGGING_RULES='qt.multimedia*=false' \
+(cd "$out" && env QTEST_FUNCTION_TIMEOUT=$((eventi * 20 > 300000 ? eventi * 20 : 300000)) QT_QPA_PLATFORM=offscreen \
    ASAN_OPTIONS=detect_leaks=0:abort_on_error=1 UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1 \
    CASUALE_EVENTI="$eventi" CASUALE_SEME="$seme" "$root/build/asan/tests/tst_casuale") \
   >"$out/casuale.log" 2>&1 || casuale=$?
