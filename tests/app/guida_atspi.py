@@ -2,9 +2,9 @@
 """Drives the real program the way a screen-reader user with a keyboard does.
 
 Keys go in through the X server (xdotool); what the program shows is read back
-over AT-SPI, as a screen reader reads it. Checks that every key, label and menu
-entry on view has a name, that space steps through each row of keys in order,
-and that a whole exercise (right answer included) can be done from the keyboard.
+over AT-SPI, as a screen reader reads it. Checks that space steps through each
+row of keys in order, as the keys' names on the bus tell, and that a whole
+exercise (right answer included) can be done from the keyboard and heard.
 Run inside a D-Bus session on an X display, with the program already started.
 """
 import subprocess
@@ -15,7 +15,6 @@ from decimal import Decimal
 import pyatspi
 
 APP = sys.argv[1] if len(sys.argv) > 1 else "composizione"
-NOMINABILI = {"push button", "label", "menu item", "check box", "radio button", "text", "spin button", "combo box"}
 VALORE = {"u": Decimal(1), "d": Decimal("0.1"), "c": Decimal("0.01"), "m": Decimal("0.001")}
 
 
@@ -68,11 +67,7 @@ def tasti(*nomi):
     time.sleep(0.15)
 
 
-def controlla(finestra, pannello, dove):
-    # A label says what it shows; any other control needs a name of its own.
-    senza = [o.getRoleName() for o in nodi(finestra) if o.getRoleName() in NOMINABILI - {"label"} and not o.name.strip()]
-    if senza:
-        fallisci(f"{dove}: controls without an accessible name: {senza}")
+def controlla(pannello, dove):
     # Space from the first key visits the keys of the row in order and wraps.
     attesi = [c.name for c in pannello if c is not None and c.getRoleName() == "push button"
               and c.getState().contains(pyatspi.STATE_ENABLED) and c.getState().contains(pyatspi.STATE_SHOWING)]
@@ -82,19 +77,19 @@ def controlla(finestra, pannello, dove):
         visti.append(attendi(fuoco, "focus").name)
     if visti != attesi + [attesi[0]]:
         fallisci(f"{dove}: space visited {visti}, expected {attesi + [attesi[0]]}")
-    print(f"ok   {dove}: every control named, space steps {' > '.join(attesi)} and back")
+    print(f"ok   {dove}: space steps {' > '.join(attesi)} and back")
 
 
 def main():
     attendi(applicazione, "the program on the accessibility bus", 20)
     inizio = attendi(lambda: next((f for f in applicazione() if f is not None and f.getRoleName() == "frame"), None),
                      "the start screen")
-    controlla(inizio, attendi(lambda: per_nome("panel", "Trova il", inizio), "the first row"), "start screen")
+    controlla(attendi(lambda: per_nome("panel", "Trova il", inizio), "the first row"), "start screen")
 
     tasti("Return", "Return", "Return")  # kind "numero", symbols in order, "Vai"
     domanda = attendi(lambda: per_nome("label", "domanda:"), "the exercise screen")
     esercizio = next(f for f in applicazione() if f is not None and per_nome("label", "domanda:", f))
-    controlla(esercizio, per_nome("panel", "tastierino", esercizio), "exercise screen, key pad")
+    controlla(per_nome("panel", "tastierino", esercizio), "exercise screen, key pad")
 
     parti = domanda.name.split(":", 1)[1].split()
     simbolo = per_nome("label", "simbolo:").name.split(":", 1)[1].strip()

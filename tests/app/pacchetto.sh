@@ -20,7 +20,6 @@ echo "== package"
 (cd "$work" && cpack --config "$build/CPackConfig.cmake" -G DEB -B "$work/out" >"$work/cpack.log") ||
   { cat "$work/cpack.log"; exit 1; }
 deb=$(ls "$work"/out/*.deb)
-dpkg-deb -f "$deb" Package Depends
 dpkg -x "$deb" "$work/root"
 
 prog="$work/root/usr/lib/composizione"

@@ -56,6 +56,7 @@ struct Banco {
     //   s<key>     Space up to the key, then Enter (one switch)
     //   t<char>    a typed key: a digit, ",", a letter, B(ackspace), D(elete), R(eturn), _ (space)
     //   h<char>    the same key held down while the keyboard repeats it
+    //   k<digit>   a digit of the numeric pad
     //   +<secs>    time passes
     void esegui(const QString &passi)
     {
@@ -85,8 +86,8 @@ struct Banco {
                     QKeyEvent e(i % 2 ? QEvent::KeyRelease : QEvent::KeyPress, k, Qt::NoModifier, QString(), i > 0 && i < 5);
                     QApplication::sendEvent(QApplication::focusWidget(), &e);
                 }
-                if (p.startsWith(u't'))
-                    tasto(k);
+                if (p.startsWith(u't') || p.startsWith(u'k'))
+                    QTest::keyClick(QApplication::focusWidget(), k, p.startsWith(u'k') ? Qt::KeypadModifier : Qt::NoModifier);
             }
         }
     }
@@ -141,7 +142,7 @@ private slots:
             << 2 << "+7 cOption1(0) cOption1(2) cOption1(4) cOption3(1) cOption1(1) cOption1(4)"
             << kInizioSimbolo + b(9) + "da*" + b(41) + "h  (sec.   7)" << "Esatto 1 1 1 7 Option1(5)" << no;
         // "V" waits for "Avanti" on the symbol pad, so the keys step to "Verifica".
-        QTest::newRow("symbol by keys") << 2 << "+7 t1 tR tV t_ t_ t_ tR" << simbolo << "Esatto 1 1 1 7 Option1(5)" << no;
+        QTest::newRow("symbol by keys, the numeric pad's 0 is no key") << 2 << "+7 t1 k0 tR tV t_ t_ t_ tR" << simbolo << "Esatto 1 1 1 7 Option1(5)" << no;
         QTest::newRow("symbol by switch, twice") << 2 << "+7 sOption1(1) sOption1(4) tR" << simbolo << " 1 1 2 7 Option1(0)" << no;
         QTest::newRow("kind 3, a number") << 3 << "+7.5 " + kGiusto << numero << "Esatto 1 1 1 7 Option2(13)" << numeroMisto;
         QTest::newRow("kind 3, a symbol") << 3 << "+7 sOption1(1) sOption1(4)" << simbolo << "Esatto 1 1 1 7 Option1(5)" << simboloMisto;

@@ -404,6 +404,8 @@ private slots:
         premiTasto("CmdVisualizzaScheda" + chi, tastiera);
         QVERIFY(ctl("CmdStampaScheda" + chi)->isVisible() && !ctl(chi == "Alunni" ? "CmdStampaSchedaDocenti" : "CmdStampaSchedaAlunni")->isVisible());
         const auto &fonte = chi == "Alunni" ? s_.record.RigheEsercizio : s_.fogli.RigheDocenti;
+        // Every draw here is 0.37: the mixed kind draws a number line too.
+        QVERIFY(fonte[1].contains(tipo == 1 ? QStringLiteral("  ... ") : QStringLiteral(" = ......")));
         for (int k = 1; k <= 30; ++k)
             QCOMPARE(testo(QStringLiteral("LblOp(%1)").arg(k)), k <= n ? fonte[std::size_t(k)] : QStringLiteral(" "));
 

@@ -241,6 +241,8 @@ private slots:
     {
         apri<FrmInizio>();
         QTRY_VERIFY(!static_cast<FrmInizio *>(f_.get())->tendine().attiva());
+        // The design face, Arial, or the metric twin the system has for it.
+        QVERIFY(QStringList({"Arial", "Liberation Sans"}).contains(f_->findChild<QLabel *>("Label3")->font().family()));
         esegui(f_.get(), "click:Option1(0)");
         stato_->record.NumeroEsercizio = 12;
         QWidget altra;
@@ -302,6 +304,23 @@ private slots:
         Settings letto;
         QVERIFY(LeggiImpostazioniDa(leggiFile(kPannello), letto));
         QCOMPARE(aspetto(letto), atteso);
+    }
+
+    // The colours of the panel's lists, index by index (page, text, scanning
+    // light and dark), as the table in tests/data/colori_pannello.txt gives them.
+    void coloriDelPannello()
+    {
+        apri<FrmOpzioni>();
+        const Settings &s = stato_->settings;
+        QStringList visti;
+        for (int i = 0; i < 11; ++i) {
+            esegui(f_.get(), QStringLiteral("click:Option1(%1) click:Option27(%1) click:Option17(%1)").arg(i));
+            QStringList rgb;
+            for (const QString &c : {s.ColoreSfondo, s.ColoreCaratteri, s.ColoreScansioneChiaro, s.ColoreScansioneScuro})
+                rgb << QStringLiteral("%1 %2 %3").arg(ColoreDaTesto(c).red()).arg(ColoreDaTesto(c).green()).arg(ColoreDaTesto(c).blue());
+            visti << rgb.join(QStringLiteral(" | "));
+        }
+        QCOMPARE(visti, QString::fromUtf8(leggiFile(QFINDTESTDATA("../data/colori_pannello.txt"))).trimmed().split(u'\n'));
     }
 
     // Every control of the start screen keeps its fractions of the page.
