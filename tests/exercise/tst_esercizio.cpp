@@ -139,8 +139,8 @@ private slots:
         QTest::newRow("from Avanti space steps on") << 1 << "+7.5 " + kGiusto + " t_ t_" << numero << " 1 1 1 7 Option2(0)" << no;
         // A symbol key's own blanks do not reach the line.
         QTest::newRow("symbol by mouse, wrong first")
-            << 2 << "+7 cOption1(0) cOption1(2) cOption1(4) cOption3(1) cOption1(1) cOption1(4)"
-            << kInizioSimbolo + b(9) + "da*" + b(41) + "h  (sec.   7)" << "Esatto 1 1 1 7 Option1(5)" << no;
+            << 2 << "+7 cOption1(2) cOption1(0) cOption1(4) cOption3(1) cOption1(1) cOption1(4)"
+            << kInizioSimbolo + b(10) + "k*" + b(41) + "h  (sec.   7)" << "Esatto 1 1 1 7 Option1(5)" << no;
         // "V" waits for "Avanti" on the symbol pad, so the keys step to "Verifica".
         QTest::newRow("symbol by keys, the numeric pad's 0 is no key") << 2 << "+7 t1 k0 tR tV t_ t_ t_ tR" << simbolo << "Esatto 1 1 1 7 Option1(5)" << no;
         QTest::newRow("symbol by switch, twice") << 2 << "+7 sOption1(1) sOption1(4) tR" << simbolo << " 1 1 2 7 Option1(0)" << no;
@@ -173,7 +173,7 @@ private slots:
         QTest::addColumn<QList<int>>("abilitati");
 
         const QList<int> conVerifica = kInizioTastierino + QList<int>{11, 12};
-        QTest::newRow("typed comma on empty refused") << "t1 tB t," << "?" << 0 << kInizioTastierino;
+        QTest::newRow("typed comma on empty refused") << "t1 tB t_ t_ t," << "?" << 0 << kInizioTastierino;
         QTest::newRow("clicked comma on empty, once") << "c10 c10 c5" << "0,5" << 5 << conVerifica;
         QTest::newRow("double-clicked digits, once each") << "d1 d2" << "12" << 2 << conVerifica;
         QTest::newRow("held digits, once each") << "h1 h2" << "12" << 0 << conVerifica;

@@ -237,16 +237,15 @@ private slots:
     // fails (here after three lines) instead of failing silently.
     void schermoEsercizio()
     {
-        s_.record.NumeroEsercizio = 12;
+        s_.record.NumeroEsercizio = 30;
         p_.stampeRiuscite = 3;
         w_ = std::make_unique<FrmStampaEsercizioTre>(s_);
         w_->show();
         QVERIFY(QTest::qWaitForWindowActive(w_.get()));
-        QCOMPARE(testo("LblOp(12)"), riga('E', 12));
-        QCOMPARE(testo("LblOp(13)"), QString());
-        const QFont f = ctl("LblOp(12)")->font();
+        QCOMPARE(testo("LblOp(30)"), riga('E', 30));
+        const QFont f = ctl("LblOp(30)")->font();
         QCOMPARE(QStringLiteral("%1 %2 %3").arg(f.family()).arg(f.pointSize()).arg(f.bold()), "Courier New 10 1");
-        QCOMPARE(s_.fogli.NumeroOperazioni, qint16(13));
+        QCOMPARE(s_.fogli.NumeroOperazioni, qint16(31));
         QCOMPARE(QApplication::focusWidget()->objectName(), QStringLiteral("Command1(1)"));
         premi(Qt::Key_Return); // "STAMPA L'ESERCIZIO"
         QCOMPARE(box_.mostrati, QStringList{"fake printer: print failed | Errore di stampa (!)"});
