@@ -168,22 +168,12 @@ menu() {
   xdotool mousemove $((larghezza - 1)) $((altezza - 1))
 }
 
-# Space until the key named $1 has the focus (at most $2 steps).
-passi_fino_a() {
+# Key $3 (space or Tab) until the key named $1 has the focus (at most $2 presses).
+fino_a() {
   local n=0 f
   while f=$(a11y fuoco) || exit 1; [ "$f" != "$1" ]; do
-    [ $n -lt "$2" ] || fallisci "space did not reach the key '$1' in $2 steps (the focus is on '$f')"
-    tasti space
-    n=$((n + 1))
-  done
-}
-
-# Tab until the key named $1 has the focus (at most $2 presses).
-tab_fino_a() {
-  local n=0 f
-  while f=$(a11y fuoco) || exit 1; [ "$f" != "$1" ]; do
-    [ $n -lt "$2" ] || fallisci "Tab did not reach the key '$1' in $2 presses (the focus is on '$f')"
-    tasti Tab
+    [ $n -lt "$2" ] || fallisci "$3 did not reach the key '$1' in $2 presses (the focus is on '$f')"
+    tasti "$3"
     n=$((n + 1))
   done
 }
@@ -253,7 +243,7 @@ sparita '^PANNELLO OPZIONI$'
 tastiera_a "$inizio"
 
 # An exercise: "numero", symbols in order, "Vai".
-passi_fino_a "numero" 3
+fino_a "numero" 3 space
 tasti Return
 a11y attendi "label" "Trova il numero"
 tasti Return
@@ -319,11 +309,11 @@ foto stampa-esercizio.png
 
 # Back to the start screen: "ESCI" on the printout, "Ricomincia", a right
 # answer (only then is "Esci" of the keypad available), "Esci".
-passi_fino_a "ESCI" 4
+fino_a "ESCI" 4 space
 tasti Return
 sparita '^FINESTRA DI STAMPA'
 tastiera_a "$esercizio"
-passi_fino_a "Ricomincia" 2
+fino_a "Ricomincia" 2 space
 tasti Return
 a11y attendi "label" "esercizio numero: 1"
 giusta=$(a11y risposta)
@@ -340,15 +330,15 @@ tastiera_a "$inizio"
 menu "Stampa schede"
 schede=$(finestra '^STAMPA SCHEDE')
 tastiera_a "$schede"
-passi_fino_a "NUMERO O SIMBOLO" 3
+fino_a "NUMERO O SIMBOLO" 3 space
 tasti Return
 a11y fuoco-su "Simboli ordinati"
 tasti Return
-tab_fino_a "Visualizza scheda alunni" 12
+fino_a "Visualizza scheda alunni" 12 Tab
 tasti Return
 a11y attendi "label" "Riga 30:"
 foto schede.png
-tab_fino_a "ESCI" 12
+fino_a "ESCI" 12 Tab
 tasti Return
 sparita '^STAMPA SCHEDE'
 tastiera_a "$inizio"

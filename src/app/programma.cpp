@@ -1,40 +1,8 @@
 #include "app/programma.h"
 
+#include "ui/dopoprimodisegno.h"
+
 #include <QCoreApplication>
-#include <QEvent>
-#include <QTimer>
-#include <QWidget>
-
-#include <functional>
-
-namespace {
-
-// Calls `poi` once, just after the first paint of `w`: what the first screen
-// does not show waits until the pupil can see the program.
-class DopoPrimoDisegno : public QObject
-{
-public:
-    DopoPrimoDisegno(QWidget *w, std::function<void()> poi) : QObject(w), poi_(std::move(poi))
-    {
-        w->installEventFilter(this);
-    }
-
-protected:
-    bool eventFilter(QObject *o, QEvent *e) override
-    {
-        if (e->type() == QEvent::Paint) {
-            o->removeEventFilter(this);
-            QTimer::singleShot(0, parent(), poi_);
-            deleteLater();
-        }
-        return false;
-    }
-
-private:
-    std::function<void()> poi_;
-};
-
-} // namespace
 
 Programma::Programma() : schermi_(stato)
 {

@@ -27,7 +27,6 @@ constexpr Rgb kFuoco{255, 192, 128};
 const QColor kInchiostro(20, 40, 120);
 const QColor kBordo(225, 160, 100);
 
-
 QString rgb(const QColor &c)
 {
     return QStringLiteral("rgb(%1, %2, %3)").arg(c.red()).arg(c.green()).arg(c.blue());

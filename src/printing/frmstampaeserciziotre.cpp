@@ -40,7 +40,6 @@ QFont fontProgetto()
     return f;
 }
 
-
 // A label's accessible name is its text; an empty line still needs a name.
 void nomeRiga(QLabel *l, int i)
 {

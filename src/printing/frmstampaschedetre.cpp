@@ -38,7 +38,6 @@ const std::array<QString, 3> testiOrdine{QStringLiteral("Simboli ordinati"),
 // The sheet title: a shared text that nothing assigns.
 const QString TestoTitolo;
 
-
 void colora(QWidget *w, const QColor &c)
 {
     w->setAutoFillBackground(true);

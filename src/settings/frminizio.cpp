@@ -5,6 +5,7 @@
 #include "settings/stato.h"
 #include "ui/caratteri.h"
 #include "ui/confine.h"
+#include "ui/dopoprimodisegno.h"
 #include "ui/rigaopzioni.h"
 #include "ui/schermi.h"
 
@@ -31,7 +32,6 @@ const QColor kTitoli(20, 40, 120);
 // the system's fonts can draw.
 const QString kFrecciaLivello = QStringLiteral("\u279C");
 const QString kFrecciaCifre = QStringLiteral("\u2B06");
-
 
 QLabel *etichetta(QWidget *parent, const QString &nome, const QString &testo, const QRect &g,
                   const QFont &font, Qt::Alignment allinea = Qt::AlignLeft | Qt::AlignVCenter)
@@ -207,7 +207,12 @@ void FrmInizio::costruisci()
     picture2_ = new QFrame(pagina_);
     picture2_->setObjectName(QStringLiteral("Picture2"));
     picture2_->setAccessibleName(QStringLiteral("tendina destra"));
-    picture1_->installEventFilter(this);
+    // The curtains open once they are on view: ticking before the first frame
+    // would only lay out and paint what they hide.
+    new DopoPrimoDisegno(picture1_, [this] {
+        if (tendine_.attiva())
+            timerTendine_->start();
+    });
     for (QFrame *p : {picture1_, picture2_}) {
         sfondo(p, kFuoco);
         p->setFrameShape(QFrame::Box);
@@ -253,8 +258,6 @@ void FrmInizio::avvio()
     // The curtains cover the page when it first shows and open from the middle.
     tendine_.avvia(kLarghezza * Tendine::kTwipsPerPixel);
     posaTendine();
-    // The timer runs from the first paint on (see eventFilter): ticking
-    // before the page is on view would only paint what the curtains hide.
 
     resize_.prendi(pagina_);
 
@@ -455,15 +458,6 @@ bool FrmInizio::eventFilter(QObject *o, QEvent *e)
         if (e->type() == QEvent::Resize) {
             resize_.applica();
             posaTendine();
-        }
-        return false;
-    }
-    // The page under the closed curtains is never painted: the curtain is.
-    if (o == picture1_) {
-        if (e->type() == QEvent::Paint && !tendineAvviate_) {
-            tendineAvviate_ = true;
-            if (tendine_.attiva())
-                timerTendine_->start();
         }
         return false;
     }

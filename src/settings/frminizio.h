@@ -66,7 +66,6 @@ private:
     QFrame *picture1_ = nullptr, *picture2_ = nullptr;
     QTimer *timerTendine_ = nullptr;
     QAction *mnuSchede_ = nullptr;
-    bool tendineAvviate_ = false;
     QObject *doppioClic_ = nullptr; // the label whose double click is under way
     bool uscita_ = false;
 };

@@ -17,7 +17,6 @@
 
 namespace {
 
-
 template <typename T>
 T *elemento(const QList<T *> &lista, int i)
 {

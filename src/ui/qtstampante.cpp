@@ -12,6 +12,11 @@
 namespace {
 
 // "Nimbus Mono PS [urw]" -> "Nimbus Mono PS"
+QString nonScritto(const QString &file)
+{
+    return QStringLiteral("Impossibile scrivere il file %1.").arg(file);
+}
+
 QString senzaFonderia(QString famiglia)
 {
     const qsizetype i = famiglia.indexOf(QLatin1String(" ["));
@@ -138,7 +143,7 @@ void QtPrinter::iniziaPagina()
         printer_.reset();
         throw ErroreStampa(filePdf_.isEmpty()
                                ? QStringLiteral("La stampante %1 non accetta la pagina.").arg(stampante)
-                               : QStringLiteral("Impossibile scrivere il file %1.").arg(filePdf_));
+                               : nonScritto(filePdf_));
     }
 }
 
@@ -167,7 +172,7 @@ void QtPrinter::endDoc()
     printer_.reset();
     if (!ok)
         throw ErroreStampa(filePdf_.isEmpty() ? QStringLiteral("La pagina non è stata inviata alla stampante.")
-                                              : QStringLiteral("Impossibile scrivere il file %1.").arg(filePdf_));
+                                              : nonScritto(filePdf_));
     if (!filePdf_.isEmpty())
         mostraPdf(filePdf_);
 }

@@ -23,7 +23,6 @@ bool isTasto(const QEvent *e)
     return e->type() == QEvent::KeyPress || e->type() == QEvent::KeyRelease;
 }
 
-
 } // namespace
 
 RigaOpzioni::RigaOpzioni(QWidget *parent, const QStringList &captions, const QString &nome)
