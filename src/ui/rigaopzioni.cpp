@@ -38,7 +38,12 @@ RigaOpzioni::RigaOpzioni(QWidget *parent, const QStringList &captions, const QSt
     for (int i = 0; i < captions.size(); ++i) {
         auto *b = new QPushButton(captions.at(i), parent);
         b->setObjectName(QStringLiteral("%1(%2)").arg(nome).arg(i));
-        b->setFocusPolicy(Qt::StrongFocus);
+        // Tab reaches the key; a press gives it the focus through the row
+        // (see eventFilter). A click policy would let the system give the
+        // focus back on the second press of a double click, after the choice
+        // has moved it on: "Verifica" double-clicked would keep the focus, and
+        // the next press of the switch would verify the same answer again.
+        b->setFocusPolicy(Qt::TabFocus);
         b->setCheckable(false);
         b->setAutoDefault(false);
         b->setDefault(false);

@@ -1,95 +1,85 @@
 // The exercise screen driven as a pupil drives it, by mouse, keys or one
-// switch, and checked against the record line each item leaves.
+// switch, and checked against the record lines, the screen and the printout
+// that tests/data/esercizi.txt writes from the layout rules.
 #include "content/catalogo.h"
 #include "exercise/calcolaspazi.h"
 #include "exercise/frmoperativo.h"
+#include "fakes/attesi.h"
+#include "fakes/estrazioni.h"
+#include "fakes/fakeprinter.h"
 #include "fakes/fakes.h"
+#include "fakes/utente.h"
+#include "printing/frmstampaeserciziotre.h"
 #include "settings/stato.h"
 #include "ui/rigaopzioni.h"
 
-#include <QApplication>
 #include <QLabel>
 #include <QPushButton>
-#include <QRegularExpression>
-#include <QTest>
 #include <memory>
 
 namespace {
-
-QString b(int n) { return QString(n, QLatin1Char(' ')); }
-
-// With every draw at 0 on topic 3 ordered, each item is template 13 with
-// counts of 1: " 1 k    1 h " = 11 hundreds. Its lines start the same way.
-const QString kInizioNumero = b(19) + " 1 k    1 h  = " + b(6) + "h";
-const QString kInizioSimbolo = b(19) + " 1 k    1 h  = " + b(5) + "11";
-const QString kGiusto = QStringLiteral("t1 t1 tV tR"); // "11", typed
-const QList<int> kInizioTastierino{0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10};
 
 struct Banco {
     FakeClock clock;
     FakeRandom random;
     FakeSound suono;
     FakeScreens schermi;
+    FakePrinter stampante;
     Stato stato;
     std::unique_ptr<frmOperativo> w;
+    Utente u{nullptr, [this](const QString &p) { return p.startsWith(u'+') && (clock.adesso += p.toDouble(), true); }};
 
-    explicit Banco(qint16 tipo, std::deque<double> valori = {})
+    Banco(int tipo, int livello = 3, int ordine = 1, int cifre = 1, std::deque<double> valori = {})
     {
         random.valori = std::move(valori);
-        stato.servizi = {&clock, &random, nullptr, &suono, nullptr, &schermi};
-        SceltaSimboli(3, stato.topic, stato.titoli);
-        stato.settings.TipoEsercizio = tipo;
-        stato.settings.OrdineSimboli = 1;
-        stato.settings.ValoreMassimo = 9;
+        stato.servizi = {&clock, &random, nullptr, &suono, &stampante, &schermi};
+        SceltaSimboli(qint16(livello), stato.topic, stato.titoli);
+        Settings &s = stato.settings;
+        s.NomeFile = QStringLiteral("prova");
+        s.TipoEsercizio = qint16(tipo);
+        s.TestoTipoEsercizio = QStringLiteral(" Trova il numero");
+        s.OrdineSimboli = qint16(ordine);
+        s.TestoOrdineSimboli = QStringLiteral(" Usa i simboli ordinati");
+        s.ValoreMassimo = cifre == 2 ? 19 : 9;
+        stato.record.RigheEsercizio.fill(QStringLiteral("vecchia"));
+    }
+    void apri()
+    {
         w = std::make_unique<frmOperativo>(stato);
+        u.finestra = w.get();
         w->show();
         QVERIFY(QTest::qWaitForWindowActive(w.get()));
     }
-    QWidget *c(const QString &nome) const { return w->findChild<QWidget *>(nome); }
     QString testo(const QString &nome) const { return w->findChild<QLabel *>(nome)->text(); }
     QString riga(int i) const { return stato.record.RigheEsercizio[std::size_t(i)]; }
-    static QString fuoco() { return QApplication::focusWidget()->objectName(); }
-    static void tasto(Qt::Key k) { QTest::keyClick(QApplication::focusWidget(), k); }
-    // What a pupil does, step by step, separated by blanks:
-    //   c<key>     mouse click on a key: its name, or a bare number for the keypad's
-    //   d<key>     double click on a key
-    //   s<key>     Space up to the key, then Enter (one switch)
-    //   t<char>    a typed key: a digit, ",", a letter, B(ackspace), D(elete), R(eturn), _ (space)
-    //   h<char>    the same key held down while the keyboard repeats it
-    //   k<digit>   a digit of the numeric pad
-    //   +<secs>    time passes
-    void esegui(const QString &passi)
+    QString schermo() const
     {
-        static const QHash<QChar, Qt::Key> speciali{{u',', Qt::Key_Comma}, {u'B', Qt::Key_Backspace},
-                                                    {u'D', Qt::Key_Delete}, {u'R', Qt::Key_Return},
-                                                    {u'_', Qt::Key_Space}};
-        for (const QString &p : passi.split(u' ', Qt::SkipEmptyParts)) {
-            const QString resto = p.mid(1);
-            const QString nome = resto.front().isDigit() ? "Option2(" + resto + ")" : resto;
-            if (p.startsWith(u'c')) {
-                QTest::mouseClick(c(nome), Qt::LeftButton);
-            } else if (p.startsWith(u'd')) { // what a widget is sent for a double click
-                QTest::mouseClick(c(nome), Qt::LeftButton);
-                QTest::mouseDClick(c(nome), Qt::LeftButton);
-                QTest::mouseRelease(c(nome), Qt::LeftButton);
-            } else if (p.startsWith(u's')) {
-                for (int i = 0; i < 20 && fuoco() != nome; ++i)
-                    tasto(Qt::Key_Space);
-                QCOMPARE(fuoco(), nome);
-                tasto(Qt::Key_Return);
-            } else if (p.startsWith(u'+')) {
-                clock.adesso += resto.toDouble();
-            } else {
-                const Qt::Key k = speciali.value(resto.front(), Qt::Key(resto.front().unicode()));
-                // Held, the keyboard repeats release and press until the real release.
-                for (int i = 0; p.startsWith(u'h') && i < 6; ++i) {
-                    QKeyEvent e(i % 2 ? QEvent::KeyRelease : QEvent::KeyPress, k, Qt::NoModifier, QString(), i > 0 && i < 5);
-                    QApplication::sendEvent(QApplication::focusWidget(), &e);
-                }
-                if (p.startsWith(u't') || p.startsWith(u'k'))
-                    QTest::keyClick(QApplication::focusWidget(), k, p.startsWith(u'k') ? Qt::KeypadModifier : Qt::NoModifier);
-            }
+        return QStringLiteral("schermo esito=%1 esatte=%2 errate=%3 n=%4 sec=%5 tot=%6 suoni=%7 fuoco=%8")
+            .arg(testo("LblEsito"), testo("lblRisEsatte"), testo("lblRisErrate"), testo("LblOperazione"),
+                 testo("LblTempoParziale"), testo("LblTempoTotale"))
+            .arg(suono.suonati)
+            .arg(Utente::fuoco());
+    }
+    // "Stampa" on the end frame, then the printout's "STAMPA L'ESERCIZIO".
+    QStringList pagina()
+    {
+        u.esegui(QStringLiteral("Return"));
+        if (!schermi.chiamate.endsWith(QLatin1String("apri StampaEsercizio")))
+            return {QStringLiteral("pagina: the printout was not opened")};
+        {
+            FrmStampaEsercizioTre stampa(stato);
+            stampa.show();
+            if (!QTest::qWaitForWindowActive(&stampa))
+                return {};
+            u.esegui(QStringLiteral("Return"));
         }
+        w->activateWindow();
+        if (!QTest::qWaitForWindowActive(w.get()))
+            return {};
+        QStringList p;
+        for (const QString &r : std::as_const(stampante.pagina))
+            p << QStringLiteral("pagina ") + r;
+        return p;
     }
     QList<int> abilitati() const // on the keypad
     {
@@ -114,53 +104,97 @@ private slots:
         QStringList simboli, numeri;
         for (const char *t : {" u ", " da ", " dam "})
             simboli << QString::number(RientroSimbolo(QLatin1String(t)).size());
-        for (const char *t : {"1", "12", " 1,5 ", "12.345", "1.234,56"})
+        for (const char *t : {"1", "12", " 1,5 ", "12.345", "1.234,5", "1.234,56"})
             numeri << QString::number(RientroNumero(QLatin1String(t)).size());
         // A one-digit number has always printed unaligned.
-        QCOMPARE(simboli.join(u' ') + " | " + numeri.join(u' '), "6 5 0 | 0 5 4 1 0");
+        QCOMPARE(simboli.join(u' ') + " | " + numeri.join(u' '), "6 5 0 | 0 5 4 1 0 0");
     }
 
-    // One item answered right by mouse, keyboard or switch alone: the line, then
-    // what the screen shows (outcome, right answers, sounds, item, total seconds)
-    // and where the focus waits. After a right answer it waits on "Avanti", so a
-    // second Enter moves on and verifies nothing twice.
-    void voce_data()
+    // Whole exercises, item by item, as tests/data/esercizi.txt tells them.
+    void esercizi()
     {
-        QTest::addColumn<int>("tipo");
-        QTest::addColumn<QString>("passi");
-        QTest::addColumn<QString>("riga");
-        QTest::addColumn<QString>("schermo");
-        QTest::addColumn<QList<double>>("caso"); // draws after the generator's own (kind 3 draws the kind)
-
-        const QList<double> no, numeroMisto{0, 0, 0, 0, 0, 0.25}, simboloMisto{0, 0, 0, 0, 0, 0.75};
-        const QString numero = kInizioNumero + b(52) + "11  (sec.   7)", simbolo = kInizioSimbolo + b(53) + "h  (sec.   7)";
-        QTest::newRow("number by switch") << 1 << "+7.5 s1 tR s12" << numero << "Esatto 1 1 1 7 Option2(13)" << no;
-        QTest::newRow("number, Enter again moves on") << 1 << "+7.5 s1 tR s12 tR" << numero << " 1 1 2 7 Option2(0)" << no;
-        QTest::newRow("from Avanti space steps on") << 1 << "+7.5 " + kGiusto + " t_ t_" << numero << " 1 1 1 7 Option2(0)" << no;
-        // A symbol key's own blanks do not reach the line.
-        QTest::newRow("symbol by mouse, wrong first")
-            << 2 << "+7 cOption1(2) cOption1(0) cOption1(4) cOption3(1) cOption1(1) cOption1(4)"
-            << kInizioSimbolo + b(10) + "k*" + b(41) + "h  (sec.   7)" << "Esatto 1 1 1 7 Option1(5)" << no;
-        // "V" waits for "Avanti" on the symbol pad, so the keys step to "Verifica".
-        QTest::newRow("symbol by keys, the numeric pad's 0 is no key") << 2 << "+7 t1 k0 tR tV t_ t_ t_ tR" << simbolo << "Esatto 1 1 1 7 Option1(5)" << no;
-        QTest::newRow("symbol by switch, twice") << 2 << "+7 sOption1(1) sOption1(4) tR" << simbolo << " 1 1 2 7 Option1(0)" << no;
-        QTest::newRow("kind 3, a number") << 3 << "+7.5 " + kGiusto << numero << "Esatto 1 1 1 7 Option2(13)" << numeroMisto;
-        QTest::newRow("kind 3, a symbol") << 3 << "+7 sOption1(1) sOption1(4)" << simbolo << "Esatto 1 1 1 7 Option1(5)" << simboloMisto;
+        const QStringList attese = righeAttese(QStringLiteral("esercizi.txt"));
+        QStringList viste;
+        std::unique_ptr<Banco> t;
+        for (qsizetype i = 0; i < attese.size() && !QTest::currentTestFailed(); ++i) {
+            const QString &r = attese[i];
+            const QString parola = r.section(u' ', 0, 0), resto = r.section(u' ', 1);
+            if (parola == QLatin1String("esercizio")) {
+                const QStringList a = r.split(u' ');
+                QStringList voci;
+                for (qsizetype j = i + 1; j < attese.size() && !attese[j].startsWith(QLatin1String("esercizio")); ++j)
+                    if (attese[j].startsWith(QLatin1String("voce ")))
+                        voci << attese[j].mid(5);
+                const int livello = a[2].toInt(), tipo = a[4].toInt(), ordine = a[6].toInt(), cifre = a[8].toInt();
+                t = std::make_unique<Banco>(tipo, livello, ordine, cifre,
+                                            estrazioni(voci, classe(livello), ordine, tipo, cifre == 2 ? 19 : 9));
+                t->apri();
+            } else if (parola == QLatin1String("passi")) {
+                QVERIFY2(t, "steps before any exercise");
+                t->u.esegui(resto);
+            } else if (parola == QLatin1String("riga")) {
+                viste << QStringLiteral("riga |%1|").arg(t->riga(t->stato.record.NumeroEsercizio));
+                continue;
+            } else if (parola == QLatin1String("schermo")) {
+                viste << t->schermo();
+                continue;
+            } else if (parola == QLatin1String("pagina")) {
+                if (!attese[i - 1].startsWith(QLatin1String("pagina")))
+                    viste << t->pagina();
+                continue;
+            }
+            viste << r;
+        }
+        CONFRONTA_RIGHE(viste, attese);
     }
 
-    void voce()
+    // What the screen shows as it opens on each topic, the record emptied
+    // whole; and whatever an item of the topic can bring fits its label.
+    void apertura_data()
     {
-        QFETCH(int, tipo);
-        QFETCH(QString, passi);
-        QFETCH(QList<double>, caso);
-        Banco t{qint16(tipo), {caso.begin(), caso.end()}};
-        t.esegui(passi);
-        QTEST(t.riga(1), "riga");
-        QStringList schermo;
-        for (const char *l : {"LblEsito", "lblRisEsatte"})
-            schermo << t.testo(l);
-        schermo << QString::number(t.suono.suonati) << t.testo("LblOperazione") << t.testo("LblTempoTotale") << t.fuoco();
-        QTEST(schermo.join(u' '), "schermo");
+        QTest::addColumn<int>("livello");
+        for (int n = 1; n <= 12; ++n)
+            QTest::addRow("topic %d", n) << n;
+    }
+    void apertura()
+    {
+        QFETCH(int, livello);
+        const QStringList a = argomento(livello);
+        const bool quattro = classe(livello) == 2;
+        Banco t(1, livello, 1, 2);
+        t.apri();
+        QCOMPARE(t.testo("Label1"), a[5] + QString(10, u' ') + " Usa i simboli ordinati");
+        QCOMPARE(t.testo("Label2"), QStringLiteral(" Trova il numero"));
+        QCOMPARE(t.testo("Label7"), quattro ? QStringLiteral("  13") : QStringLiteral("  1"));
+        QCOMPARE(t.stato.record.RigheEsercizio[0] + t.riga(2) + t.riga(60), QString());
+        for (int i = 0; i < 4; ++i)
+            QCOMPARE(t.w->simboli()->bottone(i)->text(), a[i + 1]);
+
+        // Every template of the class, every count 19: the widest texts.
+        QStringList domande, numeri, simboli = a.mid(1, 4);
+        FakeRandom tutti19;
+        tutti19.dopo = FakeRandom::per(19, 19);
+        for (qint16 m = 1; m <= 182; ++m) {
+            Item it;
+            it.NumeroModello = m;
+            qint16 tipo = 0;
+            if (((m >= 13 && m <= 46) || m >= 72) == quattro) {
+                Generatore{t.clock, tutti19, {}}.genera(19, 0, t.stato.topic, it, tipo);
+                domande << it.TestoDomanda;
+                numeri << it.TestoNumero;
+            }
+        }
+        const QHash<QString, QStringList> contenuti{
+            {"lblNumero1", domande}, {"lblNumero1S", domande}, {"Label11", simboli}, {"lblRisultatoS", simboli},
+            {"lblCorrezioneS", simboli}, {"Option1(0)", simboli}, {"Label11S", numeri}, {"LblRisultato", numeri},
+            {"lblCorrezione", numeri}};
+        for (auto it = contenuti.cbegin(); it != contenuti.cend(); ++it) {
+            const QWidget *l = t.w->findChild<QWidget *>(it.key());
+            const int spazio = l->contentsRect().width();
+            for (const QString &s : it.value())
+                QVERIFY2(l->fontMetrics().horizontalAdvance(s) <= spazio,
+                         qPrintable(QStringLiteral("\"%1\" does not fit %2").arg(s, it.key())));
+        }
     }
 
     // Answer entry on the keypad: what is shown, where the focus stays, and which
@@ -172,108 +206,54 @@ private slots:
         QTest::addColumn<int>("fuoco"); // on the keypad
         QTest::addColumn<QList<int>>("abilitati");
 
-        const QList<int> conVerifica = kInizioTastierino + QList<int>{11, 12};
-        QTest::newRow("typed comma on empty refused") << "t1 tB t_ t_ t," << "?" << 0 << kInizioTastierino;
-        QTest::newRow("clicked comma on empty, once") << "c10 c10 c5" << "0,5" << 5 << conVerifica;
-        QTest::newRow("double-clicked digits, once each") << "d1 d2" << "12" << 2 << conVerifica;
-        QTest::newRow("held digits, once each") << "h1 h2" << "12" << 0 << conVerifica;
-        QTest::newRow("decimals not regrouped") << "c1 c2 c3 c4 c10 c5 c6 c7" << "1.234,567" << 7 << conVerifica;
-        QTest::newRow("clicked tenth character dropped") << "c1 c2 c3 c4 c5 c6 c7 c8 c9" << "12.345.67" << 9 << conVerifica;
+        const QList<int> inizio{0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10}, conVerifica = inizio + QList<int>{11, 12};
+        QTest::newRow("typed comma on empty refused") << "1 Backspace Space Space ," << "?" << 0 << inizio;
+        QTest::newRow("clicked comma on empty, once")
+            << "click:Option2(10) click:Option2(10) click:Option2(5)" << "0,5" << 5 << conVerifica;
+        QTest::newRow("double-clicked digits, once each") << "dclick:Option2(1) dclick:Option2(2)" << "12" << 2 << conVerifica;
+        QTest::newRow("held digits, once each") << "1*2 2*2" << "12" << 0 << conVerifica;
+        QTest::newRow("decimals not regrouped")
+            << "click:Option2(1) click:Option2(2) click:Option2(3) click:Option2(4) click:Option2(10) click:Option2(5) "
+               "click:Option2(6) click:Option2(7)" << "1.234,567" << 7 << conVerifica;
+        QTest::newRow("clicked tenth character dropped")
+            << "scan:Option2(1) scan:Option2(2) scan:Option2(3) scan:Option2(4) scan:Option2(5) scan:Option2(6) "
+               "scan:Option2(7) scan:Option2(8) scan:Option2(9)" << "12.345.67" << 9 << conVerifica;
         // The comma falls past the 9th character: what follows is still grouped.
-        QTest::newRow("digit after a cut comma") << "c1 c2 c3 c4 c5 c6 c7 c10 c8" << "12.345.67" << 8 << conVerifica;
-        QTest::newRow("typed eighth character dropped") << "t1 t2 t3 t4 t5 t6 t7 t8" << "123.458" << 0 << conVerifica;
-        QTest::newRow("cancel regroups") << "t1 t2 t3 t4 tB" << "123" << 0 << conVerifica;
-        QTest::newRow("a second comma is ignored, a cancelled one may come again") << "t1 t, t, tB t," << "1," << 0 << conVerifica;
-        QTest::newRow("delete keeps a comma still there") << "t1 t, t2 t5 tD" << "1,2" << 0 << conVerifica;
-        QTest::newRow("cancel to empty, then on empty") << "t5 tB tB" << "?" << 0 << kInizioTastierino;
+        QTest::newRow("digit after a cut comma")
+            << "click:Option2(1) click:Option2(2) click:Option2(3) click:Option2(4) click:Option2(5) click:Option2(6) "
+               "click:Option2(7) click:Option2(10) click:Option2(8)" << "12.345.67" << 8 << conVerifica;
+        QTest::newRow("typed eighth character dropped") << "1 2 3 4 5 6 7 8" << "123.458" << 0 << conVerifica;
+        QTest::newRow("cancel regroups, C and Delete too") << "1 2 3 4 5 Backspace C Del" << "12" << 0 << conVerifica;
+        QTest::newRow("a second comma is ignored, a cancelled one may come again") << "1 , , Backspace ," << "1," << 0
+                                                                                  << conVerifica;
+        QTest::newRow("numeric pad digits") << "K1 K0 , K5" << "10,5" << 0 << conVerifica;
+        QTest::newRow("cancel to empty, then on empty") << "5 Backspace Backspace" << "?" << 0 << inizio;
+        // "Esci" is disabled until the item ends: E cannot reach it.
+        QTest::newRow("V and E move, F2 and other keys do nothing") << "3 F2 X E V" << "3" << 12 << conVerifica;
     }
-
     void inserimento()
     {
         QFETCH(QString, passi);
         QFETCH(QString, mostrato);
         QFETCH(int, fuoco);
-        QFETCH(QList<int>, abilitati);
         Banco t(1);
-        t.esegui(passi);
+        t.apri();
+        t.u.esegui(passi);
         QCOMPARE(t.testo("LblRisultato"), mostrato);
-        QCOMPARE(t.fuoco(), QStringLiteral("Option2(%1)").arg(fuoco));
-        QCOMPARE(t.abilitati(), abilitati);
+        QCOMPARE(Utente::fuoco(), QStringLiteral("Option2(%1)").arg(fuoco));
+        QTEST(t.abilitati(), "abilitati");
     }
 
-    // Wrong answers, help, retries and the intervention: the line and the counts.
-    void aiuto_data()
-    {
-        QTest::addColumn<QString>("passi");
-        QTest::addColumn<QString>("riga");
-        QTest::addColumn<int>("errate");
-
-        QTest::newRow("wrong, then SI") << "+3 t1 c12 tR" << kInizioNumero + b(10) + "1*" + b(40) + "^11 (sec.   3)" << 2;
-        QTest::newRow("wrong, NO, right") << "+4 t2 s12 tN tR " + kGiusto
-                                          << kInizioNumero + b(10) + "2*" + b(40) + "11  (sec.   4)" << 1;
-        QTest::newRow("three NO, then OK")
-            << "+5 t1 s12 sOption3(1) t2 s12 sOption3(1) t3 s12 t2 tR tR"
-            << kInizioNumero + b(10) + "1*" + b(10) + "2*" + b(10) + "3*" + b(16) + "^11 (sec.   5)" << 4;
-    }
-
-    void aiuto()
-    {
-        QFETCH(QString, passi);
-        QFETCH(QString, riga);
-        QFETCH(int, errate);
-        Banco t(1);
-        t.esegui("t7 tV tR");
-        QCOMPARE(t.testo("LblEsito"), QStringLiteral("Errato"));
-        QVERIFY(!t.c("Line1")->isHidden() && !t.c("LineA2")->isHidden());
-        t.esegui("tN tR"); // retry: back to the keypad as at the start
-        QCOMPARE(t.testo("LblRisultato"), QStringLiteral("?"));
-        QVERIFY(t.c("Line1")->isHidden() && t.c("LineA2")->isHidden());
-        QCOMPARE(t.abilitati(), kInizioTastierino);
-
-        // The same from a fresh item, as the row tells it.
-        t.stato.record.NumeroEsercizio = 0;
-        t.w->NuovoEsercizio();
-        t.esegui(passi);
-        QCOMPARE(t.riga(1), riga);
-        QCOMPARE(t.w->risposteErrate() - 1, errate); // one wrong answer before the row
-        QCOMPARE(t.riga(1).contains(u'^'), t.abilitati() == (QList<int>{13, 14}));
-    }
-
-    // Every item takes 150 s: each line shows 99, the total stops at 999.
-    void esercizioCompletoERicomincia()
-    {
-        Banco t(1);
-        for (int n = 1; n <= 20; ++n) {
-            QCOMPARE(t.testo("LblOperazione"), QString::number(n));
-            t.esegui("+150 " + kGiusto);
-            QCOMPARE(t.riga(n), kInizioNumero + b(52) + "11  (sec.  99)");
-            QCOMPARE(t.c("fraAvviso")->isEnabled(), n == 20);
-            if (n < 20)
-                t.esegui("s13");
-        }
-        QCOMPARE(t.testo("LblTempoTotale"), QStringLiteral("999"));
-        t.esegui("tR"); // "Stampa"
-        QVERIFY(t.schermi.chiamate.endsWith("apri StampaEsercizio"));
-
-        t.esegui("soptAvviso(1)"); // "Ricomincia"
-        QCOMPARE(t.stato.record.NumeroEsercizio, qint16(1));
-        for (const char *l : {"lblRisEsatte", "lblRisErrate", "LblTempoParziale", "LblTempoTotale"})
-            QCOMPARE(t.testo(l), QString());
-        QCOMPARE(t.riga(2), kInizioNumero + b(52) + "11  (sec.  99)"); // not emptied
-        t.esegui("+1 " + kGiusto);
-        QCOMPARE(t.testo("lblRisEsatte"), QStringLiteral("21")); // counts carry on
-        QCOMPARE(t.testo("LblTempoTotale"), QStringLiteral("1"));
-    }
-
-    // Kind 3 draws the kind of every item after the generator's own draws.
+    // "A" moves on past the twenty items; line 61 does not exist.
     void tastoAOltreLeRighe()
     {
         Banco t(1);
+        t.apri();
         while (t.stato.record.NumeroEsercizio < 60)
-            t.tasto(Qt::Key_A);
-        QCOMPARE(t.riga(60), kInizioNumero);
-        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("handler stopped"));
-        t.tasto(Qt::Key_A);
+            t.u.esegui(QStringLiteral("A"));
+        QCOMPARE(t.riga(60), QString(19, u' ') + " 1 k    1 h  = " + QString(6, u' ') + "h");
+        QTest::ignoreMessage(QtWarningMsg, "handler stopped: index out of range");
+        t.u.esegui(QStringLiteral("A"));
         QCOMPARE(t.testo("LblOperazione"), QStringLiteral("61")); // the count went up, then the line stopped it
     }
 
@@ -282,12 +262,14 @@ private slots:
     {
         const QString indietro = QStringLiteral("apri Inizio, chiudi Operativo");
         Banco t(1);
-        t.esegui("tE tR c14"); // "Esci" is disabled at the start of an item, to keys and mouse
+        t.apri();
+        t.u.esegui(QStringLiteral("E Return click:Option2(14)")); // "Esci" is disabled at the start of an item
         QVERIFY(t.schermi.chiamate.isEmpty());
-        t.esegui(kGiusto + " tE tR");
+        t.u.esegui(QStringLiteral("1 1 V Return E Return"));
         QCOMPARE(t.schermi.chiamate, indietro);
 
         Banco chiusa(2);
+        chiusa.apri();
         chiusa.w->close();
         QCOMPARE(chiusa.schermi.chiamate, indietro);
     }
