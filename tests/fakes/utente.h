@@ -7,6 +7,8 @@
 //   click:<control>         the mouse pressed and released on a control;
 //   dclick:<control>        a double click, as the system sends it
 //   scan:<control>          Space until the control has the focus, then Return
+//   tab:<control>           Tab until the control has the focus (the arrows
+//                           within a group of radio buttons)
 // UTENTE_TRACCIA=1 in the environment logs every step with the focus before it.
 // Keys go to the window that has the focus and on to the widget that has it at
 // that moment, as a keyboard's do: a release after a press that moved the focus
@@ -77,6 +79,15 @@ struct Utente {
                     premi(Qt::Key_Space);
                 QCOMPARE(fuoco(), nome);
                 premi(Qt::Key_Return);
+            } else if (azione == QLatin1String("tab")) {
+                const QWidget *c = controllo(nome);
+                for (int i = 0; i < 60 && c && QApplication::focusWidget() != c; ++i) {
+                    const QWidget *f = QApplication::focusWidget();
+                    const bool gruppo = qobject_cast<const QRadioButton *>(c) && qobject_cast<const QRadioButton *>(f) &&
+                                        f->parent() == c->parent();
+                    premi(gruppo ? Qt::Key_Down : Qt::Key_Tab);
+                }
+                QCOMPARE(fuoco(), nome);
             } else {
                 const QRegularExpressionMatch m = chiave.match(p);
                 const QKeyCombination k = QKeySequence::fromString(m.captured(2))[0];

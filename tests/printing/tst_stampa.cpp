@@ -2,9 +2,12 @@
 // printer, one page on the real device read back from its PDF, and the
 // printer choice and worksheet screens driven by mouse and keys.
 #include "content/catalogo.h"
+#include "fakes/attesi.h"
 #include "fakes/cartella.h"
+#include "fakes/estrazioni.h"
 #include "fakes/fakeprinter.h"
 #include "fakes/fakes.h"
+#include "fakes/utente.h"
 #include "printing/fileesercizio.h"
 #include "printing/frmsceltastampante.h"
 #include "printing/frmstampaeserciziotre.h"
@@ -30,7 +33,6 @@ int yRiga(int tipo, int k)
         return (k <= 10 ? 2000 : 5000) + (k - 1) * 400;
     return k <= 10 ? 2000 + (k - 1) * 400 : k <= 20 ? 6000 + (k - 10) * 400 : 10500 + (k - 20) * 400;
 }
-void premi(Qt::Key k) { QTest::keyClick(QApplication::focusWidget(), k); }
 } // namespace
 
 class TestStampa : public QObject
@@ -50,28 +52,38 @@ class TestStampa : public QObject
     template <typename T = QWidget>
     T *ctl(const QString &nome) const { return w_->findChild<T *>(nome); }
     QString testo(const QString &nome) const { return ctl<QLabel>(nome)->text(); }
-    // A key of a row, with the mouse or with the row's keys.
-    void scegli(const QString &rigaTasti, int i, bool tastiera)
+    // A fresh state on topic 3, every record and sheet line telling its index.
+    void nuovo(int livello = 3)
     {
-        if (!tastiera)
-            return QTest::mouseClick(ctl(QStringLiteral("%1(%2)").arg(rigaTasti).arg(i)), Qt::LeftButton);
-        if (i == 2 && rigaTasti == QLatin1String("Option1")) // no digit for the third kind: step to it
-            premi(Qt::Key_Space), premi(Qt::Key_Space);
-        else
-            premi(Qt::Key(Qt::Key_1 + i));
-        premi(Qt::Key_Return);
+        p_ = FakePrinter();
+        box_.mostrati.clear();
+        schermi_.chiamate.clear();
+        caso_.valori.clear();
+        caso_.dopo = 0.37;
+        s_ = Stato();
+        s_.settings.NomeFile = QStringLiteral("prova");
+        s_.settings.ValoreMassimo = 19;
+        SceltaSimboli(qint16(livello), s_.topic, s_.titoli);
+        s_.servizi = {&orologio_, &caso_, &box_, nullptr, &p_, &schermi_};
+        for (int k = 1; k <= 60; ++k) {
+            s_.record.riga(k) = riga('E', k);
+            s_.fogli.RigheScheda[std::size_t(k)] = riga('S', k);
+        }
     }
-    // Any other button: clicked, or reached with Tab (the arrows inside a radio group) and pressed.
-    void premiTasto(const QString &nome, bool tastiera)
+    template <typename F> Utente apri()
     {
-        auto *b = ctl<QAbstractButton>(nome);
-        if (!tastiera)
-            return b->click();
-        const bool radio = b->inherits("QRadioButton");
-        for (int i = 0; i < 40 && QApplication::focusWidget() != b; ++i)
-            premi(radio && QApplication::focusWidget()->objectName().startsWith("Opt1(") ? Qt::Key_Down : Qt::Key_Tab);
-        QCOMPARE(QApplication::focusWidget(), b);
-        premi(radio ? Qt::Key_Space : Qt::Key_Return);
+        w_ = std::make_unique<F>(s_);
+        w_->show();
+        if (!QTest::qWaitForWindowActive(w_.get()))
+            qWarning("the screen did not come to the front");
+        return Utente{w_.get()};
+    }
+    QStringList anteprima() const
+    {
+        QStringList r;
+        for (int k = 1; k <= 30; ++k)
+            r << testo(QStringLiteral("LblOp(%1)").arg(k));
+        return r;
     }
 
 private slots:
@@ -80,19 +92,7 @@ private slots:
     {
         QFile::remove(dat_);
         QDir(dat_).removeRecursively();
-        p_ = FakePrinter();
-        box_.mostrati.clear();
-        schermi_.chiamate.clear();
-        caso_.dopo = 0.37; // every worksheet line alike, which is all these tests need
-        s_ = Stato();
-        s_.settings.NomeFile = QStringLiteral("prova");
-        s_.settings.ValoreMassimo = 9;
-        SceltaSimboli(3, s_.topic, s_.titoli);
-        s_.servizi = {&orologio_, &caso_, &box_, nullptr, &p_, &schermi_};
-        for (int k = 1; k <= 60; ++k) {
-            s_.record.riga(k) = riga('E', k);
-            s_.fogli.RigheScheda[std::size_t(k)] = riga('S', k);
-        }
+        nuovo();
     }
     void cleanup() { w_.reset(); }
 
@@ -239,20 +239,17 @@ private slots:
     {
         s_.record.NumeroEsercizio = 30;
         p_.stampeRiuscite = 3;
-        w_ = std::make_unique<FrmStampaEsercizioTre>(s_);
-        w_->show();
-        QVERIFY(QTest::qWaitForWindowActive(w_.get()));
+        Utente u = apri<FrmStampaEsercizioTre>();
         QCOMPARE(testo("LblOp(30)"), riga('E', 30));
         const QFont f = ctl("LblOp(30)")->font();
         QCOMPARE(QStringLiteral("%1 %2 %3").arg(f.family()).arg(f.pointSize()).arg(f.bold()), "Courier New 10 1");
         QCOMPARE(s_.fogli.NumeroOperazioni, qint16(31));
         QCOMPARE(QApplication::focusWidget()->objectName(), QStringLiteral("Command1(1)"));
-        premi(Qt::Key_Return); // "STAMPA L'ESERCIZIO"
+        u.esegui(QStringLiteral("Return")); // "STAMPA L'ESERCIZIO"
         QCOMPARE(box_.mostrati, QStringList{"fake printer: print failed | Errore di stampa (!)"});
-        premi(Qt::Key_Space);
-        premi(Qt::Key_Return); // "SALVA  L'ESERCIZIO"
+        u.esegui(QStringLiteral("Space Return")); // "SALVA  L'ESERCIZIO"
         QVERIFY(QFile::exists(dat_));
-        QTest::mouseClick(ctl("Command1(0)"), Qt::LeftButton); // "ESCI"
+        u.esegui(QStringLiteral("click:Command1(0)")); // "ESCI"
         QCOMPARE(schermi_.chiamate, "apri Operativo, chiudi StampaEsercizio");
     }
 
@@ -327,52 +324,88 @@ private slots:
     {
         const QString predefinita = QStringLiteral("La stampante predefinita è \r\n"), scelta = QStringLiteral("La stampante scelta è \r\n");
         p_.stampanti = {"Ufficio", "Aula 2", "PDF"};
-        {
-            frmSceltaStampante f(s_);
-            QCOMPARE(f.Label1->text() + f.Label2->text(), predefinita + "PDF"); // nothing chosen
-            for (int i : {2, 1}) {
-                f.Combo1->setCurrentIndex(i);
-                emit f.Combo1->activated(i);
-            }
-            QCOMPARE(p_.corrente, QStringLiteral("Aula 2"));
-            QCOMPARE(f.Label2->text(), scelta + "Aula 2");
-            QTest::mouseClick(f.Command2, Qt::LeftButton);
-            QCOMPARE(schermi_.chiamate, "chiudi SceltaStampante");
-        }
-        frmSceltaStampante f(s_);
-        QCOMPARE(f.Label1->text() + f.Label2->text(), predefinita + "Ufficio" + scelta + "Ufficio");
+        Utente u = apri<frmSceltaStampante>();
+        auto *f = static_cast<frmSceltaStampante *>(w_.get());
+        QCOMPARE(f->Label1->text() + f->Label2->text(), predefinita + "PDF"); // nothing chosen
+        u.esegui(QStringLiteral("Down Down Up"));
+        QCOMPARE(p_.corrente, QStringLiteral("Aula 2"));
+        QCOMPARE(f->Label2->text(), scelta + "Aula 2");
+        u.esegui(QStringLiteral("tab:Command2 Space"));
+        QCOMPARE(schermi_.chiamate, "chiudi SceltaStampante");
+        apri<frmSceltaStampante>();
+        f = static_cast<frmSceltaStampante *>(w_.get());
+        QCOMPARE(f->Label1->text() + f->Label2->text(), predefinita + "Ufficio" + scelta + "Ufficio");
     }
 
-    // kind -> order -> count -> order again -> preview -> print -> exit
-    void schede_data()
-    {
-        QTest::addColumn<bool>("tastiera");
-        QTest::addColumn<int>("tipo");
-        QTest::addColumn<int>("ordine");
-        QTest::addColumn<int>("conteggio");
-        QTest::addColumn<QString>("chi");
-        QTest::newRow("mouse: numero, ordinati, 10, alunni") << false << 0 << 0 << 0 << "Alunni";
-        QTest::newRow("mouse: simbolo, non ordinati, 20, docenti") << false << 1 << 1 << 1 << "Docenti";
-        QTest::newRow("tasti: numero o simbolo, misti, 30, docenti") << true << 2 << 2 << 2 << "Docenti";
-        QTest::newRow("tasti: simbolo, ordinati, 10, alunni") << true << 1 << 0 << 0 << "Alunni";
-    }
+    // Worksheets of thirty lines on a three- and a four-position topic, as
+    // tests/data/schede.txt writes them from the layout rules: both previews
+    // line by line, and the printed pages of one sheet.
     void schede()
     {
-        QFETCH(bool, tastiera);
-        QFETCH(int, tipo);
-        QFETCH(int, ordine);
-        QFETCH(int, conteggio);
-        QFETCH(QString, chi);
-        const QStringList tipi{"Trova il numero", "Trova il simbolo", "Trova il numero o il simbolo"};
-        const QStringList ordini{"Simboli ordinati", "Simboli non ordinati", "Simboli ordinati e non ordinati"};
-        w_ = std::make_unique<FrmStampaSchedeTre>(s_);
-        w_->show();
-        QVERIFY(QTest::qWaitForWindowActive(w_.get()));
-        QCOMPARE(s_.fogli.NumeroOperazioni, qint16(30));
-        QCOMPARE(ctl<QPushButton>("Option2(0)")->text(), QStringLiteral(" k     h   da  u "));
-        QCOMPARE(ctl<QPushButton>("Option2(1)")->text(), QStringLiteral(" u   da  h     k "));
-        QVERIFY(!ctl("Frame7")->isEnabled() && !ctl("Frame1")->isEnabled() && !ctl("CmdStampaSchedaAlunni")->isVisible());
+        const QStringList attese = righeAttese(QStringLiteral("schede.txt"));
+        QStringList viste;
+        Utente u{nullptr};
+        for (qsizetype i = 0; i < attese.size() && !QTest::currentTestFailed(); ++i) {
+            const QStringList a = attese[i].split(u' ');
+            if (a[0] == QLatin1String("scheda")) {
+                QStringList voci;
+                for (qsizetype j = i + 1; j < attese.size() && a[0] != attese[j].section(u' ', 0, 0); ++j)
+                    if (attese[j].startsWith(QLatin1String("voce ")))
+                        voci << attese[j].mid(5);
+                nuovo(a[2].toInt());
+                caso_.valori = estrazioni(voci, classe(a[2].toInt()), 3, 0, 19);
+                u = apri<FrmStampaSchedeTre>();
+                u.esegui(a[4] + " Return 3 Return click:CmdVisualizzaSchedaAlunni"); // kind, order 3, pupils
+                const QStringList alunni = anteprima();
+                u.esegui(QStringLiteral("click:CmdVisualizzaSchedaDocenti"));
+                const QStringList docenti = anteprima();
+                viste << attese[i];
+                for (int k = 0; k < voci.size(); ++k)
+                    viste << "voce " + voci[k] << "alunni |" + alunni.value(k) + u'|' << "docenti |" + docenti.value(k) + u'|';
+            } else if (a[0] == QLatin1String("stampa")) {
+                const QString chi = a[1] == QLatin1String("alunni") ? QStringLiteral("Alunni") : QStringLiteral("Docenti");
+                p_.pagina.clear();
+                u.esegui("click:CmdVisualizzaScheda" + chi + " click:CmdStampaScheda" + chi);
+                viste << attese[i];
+                for (const QString &r : std::as_const(p_.pagina))
+                    viste << QStringLiteral("pagina ") + r;
+            } else if (!QStringList{"voce", "alunni", "docenti", "pagina"}.contains(a[0])) {
+                viste << attese[i]; // comments
+            }
+        }
+        CONFRONTA_RIGHE(viste, attese);
+        QVERIFY(box_.mostrati.isEmpty());
+    }
 
+    // The choices by mouse or keys: kind, order, count, again an order, a
+    // preview and its print, "CANCELLA SCHEDA", "ESCI".
+    void schedeScelte_data()
+    {
+        QTest::addColumn<QString>("passi");
+        QTest::addColumn<QString>("atteso"); // kind, order, strips (R the red one), words, count, print key
+        QTest::newRow("mouse: numero, ordinati, 10, alunni")
+            << "click:Option1(0) click:Option2(0) click:Opt1(0) click:Option2(0) click:CmdVisualizzaSchedaAlunni"
+            << "1 1 R-- R-- Trova il numero|Simboli ordinati 10 Alunni";
+        QTest::newRow("mouse: simbolo, non ordinati, 20, docenti")
+            << "click:Option1(1) click:Option2(1) click:Opt1(1) click:Option2(1) click:CmdVisualizzaSchedaDocenti"
+            << "2 2 -R- -R- Trova il simbolo|Simboli non ordinati 20 Docenti";
+        QTest::newRow("keys: numero o simbolo, misti, 30, docenti")
+            << "Space Space Return 3 Return tab:Opt1(2) Space 3 Return tab:CmdVisualizzaSchedaDocenti Return"
+            << "3 3 --R --R Trova il numero o il simbolo|Simboli ordinati e non ordinati 30 Docenti";
+        QTest::newRow("keys: simbolo, ordinati, 10, alunni")
+            << "2 Return 1 Return tab:Opt1(0) Space 1 Return tab:CmdVisualizzaSchedaAlunni Return"
+            << "2 1 -R- R-- Trova il simbolo|Simboli ordinati 10 Alunni";
+    }
+    void schedeScelte()
+    {
+        QFETCH(QString, passi);
+        QFETCH(QString, atteso);
+        Utente u = apri<FrmStampaSchedeTre>();
+        QCOMPARE(ctl<QPushButton>("Option2(0)")->text() + '|' + ctl<QPushButton>("Option2(1)")->text(),
+                 QStringLiteral(" k     h   da  u | u   da  h     k "));
+        QVERIFY(!ctl("Frame7")->isEnabled() && !ctl("Frame1")->isEnabled() && !ctl("CmdStampaSchedaAlunni")->isVisible());
+        s_.record.RigheEsercizio.fill(QStringLiteral("vecchia"));
+        u.esegui(passi);
         // The chosen strip turns red, the others back to the rest colour.
         const auto strisce = [this](const char *nome) {
             QString s;
@@ -382,42 +415,25 @@ private slots:
             }
             return s;
         };
-        scegli("Option1", tipo, tastiera); // the keys start from Option1(0), which has the focus
-        QCOMPARE(QStringLiteral("%1 %2 %3").arg(s_.settings.TipoEsercizio).arg(testo("Label1"), strisce("Label3")),
-                 QStringLiteral("%1 %2 %3").arg(tipo + 1).arg(tipi.at(tipo), QString("---").replace(tipo, 1, u'R')));
-        scegli("Option2", ordine, tastiera);
-        QCOMPARE(QStringLiteral("%1 %2 %3 %4").arg(s_.settings.OrdineSimboli).arg(testo("Label2"), strisce("Label4")).arg(ctl("Frame1")->isEnabled()),
-                 QStringLiteral("%1 %2 %3 1").arg(ordine + 1).arg(ordini.at(ordine), QString("---").replace(ordine, 1, u'R')));
+        const int n = s_.fogli.NumeroOperazioni;
+        const QString chi = ctl("CmdStampaSchedaAlunni")->isVisible() ? QStringLiteral("Alunni") : QStringLiteral("Docenti");
+        QCOMPARE(QStringLiteral("%1 %2 %3 %4 %5|%6 %7 %8").arg(s_.settings.TipoEsercizio).arg(s_.settings.OrdineSimboli)
+                     .arg(strisce("Label3"), strisce("Label4"), testo("Label1"), testo("Label2")).arg(n).arg(chi), atteso);
+        QVERIFY(!ctl(chi == "Alunni" ? "CmdStampaSchedaDocenti" : "CmdStampaSchedaAlunni")->isVisible());
+        // A new order makes a full sheet again, whatever the count; the preview shows the count.
+        QVERIFY(s_.record.riga(30) != QLatin1String("vecchia") && s_.record.riga(31) == QLatin1String("vecchia"));
+        const QStringList righe = anteprima();
+        QCOMPARE(righe.indexOf(QStringLiteral(" ")), n < 30 ? n : -1);
+        u.esegui(QStringLiteral("click:CmdStampaScheda") + chi);
+        QCOMPARE(p_.pagina.size(), 4 + n);
+        QCOMPARE(righe.at(0), s_.fogli.RigheScheda[1]);
 
-        const int n = (conteggio + 1) * 10;
-        premiTasto(QStringLiteral("Opt1(%1)").arg(conteggio), tastiera);
-        QCOMPARE(s_.fogli.NumeroOperazioni, qint16(n));
-        QCOMPARE(testo("LblOp(1)"), QStringLiteral(" "));
-
-        // A new order makes a full sheet again, whatever the count.
-        s_.record.RigheEsercizio.fill(QStringLiteral("vecchia"));
-        QTest::mouseClick(ctl(QStringLiteral("Option2(%1)").arg(ordine)), Qt::LeftButton);
-        QVERIFY(s_.record.riga(30) != QLatin1String("vecchia"));
-        QCOMPARE(s_.record.riga(31), QStringLiteral("vecchia"));
-
-        premiTasto("CmdVisualizzaScheda" + chi, tastiera);
-        QVERIFY(ctl("CmdStampaScheda" + chi)->isVisible() && !ctl(chi == "Alunni" ? "CmdStampaSchedaDocenti" : "CmdStampaSchedaAlunni")->isVisible());
-        const auto &fonte = chi == "Alunni" ? s_.record.RigheEsercizio : s_.fogli.RigheDocenti;
-        // Every draw here is 0.37: the mixed kind draws a number line too.
-        QVERIFY(fonte[1].contains(tipo == 1 ? QStringLiteral("  ... ") : QStringLiteral(" = ......")));
-        for (int k = 1; k <= 30; ++k)
-            QCOMPARE(testo(QStringLiteral("LblOp(%1)").arg(k)), k <= n ? fonte[std::size_t(k)] : QStringLiteral(" "));
-
-        premiTasto("CmdStampaScheda" + chi, tastiera);
-        const QStringList &st = p_.pagina;
-        QCOMPARE(st.size(), 4 + n);
-        QVERIFY(st.at(1).endsWith(" 12 |" + tipi.at(tipo) + "        " + ordini.at(ordine) + "|"));
-        for (int k = 1; k <= n; k += 10)
-            QVERIFY(st.at(2 + k).endsWith(QStringLiteral(" %1 |").arg(chi == "Alunni" ? 12 : 10) + fonte[std::size_t(k)] + "|"));
-        QVERIFY(box_.mostrati.isEmpty());
-        QCOMPARE(testo("LblOp(1)"), fonte[1]); // the preview stays
-
-        premiTasto("cmdEsci", tastiera);
+        u.esegui(QStringLiteral("click:CmdRicomincia"));
+        QCOMPARE(QStringLiteral("%1 %2|%3 %4%5").arg(strisce("Label3"), testo("Label1"), testo("Label2"))
+                     .arg(ctl("Frame1")->isEnabled()).arg(ctl("CmdStampaSchedaAlunni")->isVisible() || ctl("CmdStampaSchedaDocenti")->isVisible()),
+                 QStringLiteral("--- | 00"));
+        QCOMPARE(anteprima().join(QString()), QString());
+        u.esegui(QStringLiteral("tab:cmdEsci Return"));
         QCOMPARE(schermi_.chiamate, "chiudi Schede");
     }
 };
