@@ -1,0 +1,226 @@
+// Every screen in its main states, drawn offscreen at its design size and
+// compared with the reviewed pictures in tests/data/schermate/. Flat areas
+// must match exactly; the pixels along an edge may differ a little, which is
+// all a different build of the font rasteriser changes. A failure leaves the
+// new picture and one of its differences (red) in schermate/ beside this test.
+// SCHERMATE_RINNOVA=1 writes the new pictures into tests/data/schermate
+// instead, for a reviewer to look at (scripts/rinnova-schermate.sh).
+#include "app/frmautore.h"
+#include "content/catalogo.h"
+#include "exercise/frmoperativo.h"
+#include "fakes/cartella.h"
+#include "fakes/estrazioni.h"
+#include "fakes/fakeprinter.h"
+#include "fakes/fakes.h"
+#include "fakes/utente.h"
+#include "printing/frmsceltastampante.h"
+#include "printing/frmstampaeserciziotre.h"
+#include "printing/frmstampaschedetre.h"
+#include "settings/filesettings.h"
+#include "settings/frminizio.h"
+#include "settings/frmopzioni.h"
+#include "settings/stato.h"
+
+#include <QtTest>
+#include <QtWidgets>
+#include <memory>
+
+namespace {
+
+// How far an edge pixel may drift on any channel.
+constexpr int kMargine = 48;
+
+// The reviewed picture's pixels that came out otherwise, drawn in red over a
+// faded copy of it; an empty image when there are none.
+QImage differenze(const QImage &attesa, const QImage &vista)
+{
+    if (attesa.size() != vista.size())
+        return QImage(vista.size().expandedTo(attesa.size()), QImage::Format_RGB32);
+    QImage d(attesa.size(), QImage::Format_RGB32);
+    bool diverse = false;
+    for (int y = 0; y < attesa.height(); ++y) {
+        for (int x = 0; x < attesa.width(); ++x) {
+            const QRgb a = attesa.pixel(x, y), v = vista.pixel(x, y);
+            bool piatto = true;
+            for (int dy = -1; dy <= 1 && piatto; ++dy)
+                for (int dx = -1; dx <= 1 && piatto; ++dx)
+                    piatto = !attesa.valid(x + dx, y + dy) || attesa.pixel(x + dx, y + dy) == a;
+            const int scarto = std::max({std::abs(qRed(a) - qRed(v)), std::abs(qGreen(a) - qGreen(v)),
+                                         std::abs(qBlue(a) - qBlue(v))});
+            const bool male = piatto ? scarto > 0 : scarto > kMargine;
+            diverse = diverse || male;
+            const int g = 200 + qGray(a) / 5;
+            d.setPixel(x, y, male ? qRgb(255, 0, 0) : qRgb(g, g, g));
+        }
+    }
+    return diverse ? d : QImage();
+}
+
+} // namespace
+
+class TestSchermate : public QObject
+{
+    Q_OBJECT
+    CartellaDiProva cartella_;
+    FakeClock orologio_;
+    FakeRandom caso_;
+    FakeMessageBox messaggi_;
+    FakeSound suono_;
+    FakePrinter stampante_;
+    FakeScreens schermi_;
+    Stato s_;
+    QDir fuori_;
+    QStringList rinnovate_, diverse_;
+
+    template <typename F> std::unique_ptr<F> apri()
+    {
+        auto w = std::make_unique<F>(s_);
+        w->show();
+        if (!QTest::qWaitForWindowActive(w.get()))
+            qWarning("%s did not come to the front", w->metaObject()->className());
+        return w;
+    }
+
+    // The screen as it looks now, against tests/data/schermate/<nome>.png.
+    void confronta(QWidget *w, const QString &nome)
+    {
+        QCoreApplication::processEvents();
+        const QImage vista = w->grab().toImage().convertToFormat(QImage::Format_RGB32);
+        const QString file = QStringLiteral(CARTELLA_DATI "/schermate/") + nome + QStringLiteral(".png");
+        const QImage attesa = QImage(file).convertToFormat(QImage::Format_RGB32);
+        const QImage d = attesa.isNull() ? vista : differenze(attesa, vista);
+        if (d.isNull())
+            return;
+        if (qEnvironmentVariableIsSet("SCHERMATE_RINNOVA")) {
+            QVERIFY(vista.save(file));
+            rinnovate_ << nome;
+            return;
+        }
+        vista.save(fuori_.filePath(nome + QStringLiteral(".png")));
+        d.save(fuori_.filePath(nome + QStringLiteral("-differenze.png")));
+        diverse_ << nome; // the flow goes on, so that every state is seen
+    }
+
+private slots:
+    void initTestCase()
+    {
+        QVERIFY(cartella_.valida());
+        fuori_.setPath(QCoreApplication::applicationDirPath() + QStringLiteral("/schermate"));
+        QVERIFY(fuori_.removeRecursively() && fuori_.mkpath(QStringLiteral(".")));
+        // The faces the pictures were drawn with (fonts-liberation, fonts-dejavu-core).
+        const auto faccia = [](const QFont &f) { return QFontInfo(f).family(); };
+        QFont mono(QStringLiteral("Courier New"));
+        mono.setStyleHint(QFont::TypeWriter);
+        const QString facce = faccia(QFont(QStringLiteral("Arial"))) + u'|' + faccia(mono) + u'|' + faccia(QApplication::font());
+        if (facce != QLatin1String("Liberation Sans|Liberation Mono|DejaVu Sans"))
+            QFAIL(qPrintable("the pictures were drawn in Liberation Sans, Liberation Mono and DejaVu Sans, "
+                             "this machine gives " + facce + ": install them with scripts/deps.sh"));
+    }
+    void init()
+    {
+        s_ = Stato();
+        s_.servizi = {&orologio_, &caso_, &messaggi_, &suono_, &stampante_, &schermi_};
+        caso_.valori.clear();
+        caso_.dopo = 0.37;
+    }
+    void cleanup()
+    {
+        const QString diverse = diverse_.join(QStringLiteral(", "));
+        diverse_.clear();
+        QVERIFY2(diverse.isEmpty(), qPrintable(diverse + " differ from their pictures: see " + fuori_.path()));
+    }
+    void cleanupTestCase()
+    {
+        if (!rinnovate_.isEmpty())
+            qInfo("renewed, to be looked at: %s", qPrintable(rinnovate_.join(QStringLiteral(", "))));
+    }
+
+    // The start screen once the curtains have opened, then with each row chosen.
+    void inizio()
+    {
+        auto w = apri<FrmInizio>();
+        while (w->tendine().attiva())
+            w->tickTendine();
+        Utente u{w.get()};
+        confronta(w.get(), QStringLiteral("inizio"));
+        u.esegui(QStringLiteral("Space Return"));
+        confronta(w.get(), QStringLiteral("inizio-tipo"));
+        u.esegui(QStringLiteral("Space Space Return"));
+        confronta(w.get(), QStringLiteral("inizio-ordine"));
+    }
+
+    // An exercise on topic 3 with both kinds: the keypad with an answer, the
+    // symbol pad, help after a wrong answer, the intervention after the third,
+    // the correction and the end frame.
+    void esercizio()
+    {
+        SceltaSimboli(3, s_.topic, s_.titoli);
+        Settings &st = s_.settings;
+        st.TipoEsercizio = st.OrdineSimboli = 3;
+        st.TestoTipoEsercizio = QStringLiteral(" Trova il numero o il simbolo");
+        st.TestoOrdineSimboli = QStringLiteral(" Usa i simboli ordinati e non ordinati");
+        st.ValoreMassimo = 19;
+        caso_.valori = estrazioni({"19 2 13 4 7 numero", "41 2 13 4 7 simbolo", "126 5 12 3 9 numero"}, 2, 3, 3, 19);
+        auto w = apri<frmOperativo>();
+        Utente u{w.get(), [this](const QString &p) { return p.startsWith(u'+') && (orologio_.adesso += p.toDouble(), true); }};
+        u.esegui(QStringLiteral("+7.5 3 3 4"));
+        confronta(w.get(), QStringLiteral("esercizio-tastierino"));
+        u.esegui(QStringLiteral("0 V Return Return +3 1 Return"));
+        confronta(w.get(), QStringLiteral("esercizio-simboli"));
+        u.esegui(QStringLiteral("scan:Option1(4)"));
+        confronta(w.get(), QStringLiteral("esercizio-aiuto"));
+        u.esegui(QStringLiteral("N Return 2 Return scan:Option1(4) N Return 3 Return scan:Option1(4) N Return"));
+        confronta(w.get(), QStringLiteral("esercizio-intervento"));
+        u.esegui(QStringLiteral("Return"));
+        confronta(w.get(), QStringLiteral("esercizio-correzione"));
+        s_.record.NumeroEsercizio = 19;
+        u.esegui(QStringLiteral("Return +40 6 2 , 0 9 V Return"));
+        confronta(w.get(), QStringLiteral("esercizio-fine"));
+    }
+
+    // The printout of the twenty lines of tests/data/esercizi.txt.
+    void stampaEsercizio()
+    {
+        for (const QString &r : righeAttese(QStringLiteral("esercizi.txt")))
+            if (r.startsWith(QLatin1String("riga |")) && s_.record.NumeroEsercizio < 20)
+                s_.record.riga(++s_.record.NumeroEsercizio) = r.mid(6).chopped(1);
+        confronta(apri<FrmStampaEsercizioTre>().get(), QStringLiteral("stampa-esercizio"));
+    }
+
+    // Worksheets on topic 6 with both previews.
+    void schede()
+    {
+        SceltaSimboli(6, s_.topic, s_.titoli);
+        s_.settings.ValoreMassimo = 19;
+        QRandomGenerator caso(7);
+        for (int i = 0; i < 300; ++i)
+            caso_.valori.push_back(caso.generateDouble());
+        auto w = apri<FrmStampaSchedeTre>();
+        Utente u{w.get()};
+        u.esegui(QStringLiteral("1 Return 3 Return tab:CmdVisualizzaSchedaAlunni Return"));
+        confronta(w.get(), QStringLiteral("schede-alunni"));
+        u.esegui(QStringLiteral("tab:CmdVisualizzaSchedaDocenti Return"));
+        confronta(w.get(), QStringLiteral("schede-docenti"));
+    }
+
+    // The options panel as it opens on the colours of a file that cannot be
+    // read, the printer choice after a choice, the about box.
+    void altre()
+    {
+        AspettoPredefinito(s_.settings);
+        confronta(apri<FrmOpzioni>().get(), QStringLiteral("opzioni"));
+        stampante_.stampanti = {QStringLiteral("Ufficio"), QStringLiteral("Aula 2"), QStringLiteral("PDF")};
+        s_.fogli.SceltaStampanteArmata = true;
+        auto scelta = apri<frmSceltaStampante>();
+        Utente{scelta.get()}.esegui(QStringLiteral("Down"));
+        confronta(scelta.get(), QStringLiteral("scelta-stampante"));
+        scelta.reset();
+        FrmAutore autore;
+        autore.show();
+        QVERIFY(QTest::qWaitForWindowActive(&autore));
+        confronta(&autore, QStringLiteral("autore"));
+    }
+};
+
+QTEST_MAIN(TestSchermate)
+#include "tst_schermate.moc"
