@@ -4,7 +4,8 @@
 // all a different build of the font rasteriser changes. A failure leaves the
 // new picture and one of its differences (red) in schermate/ beside this test.
 // SCHERMATE_RINNOVA=1 writes the new pictures into tests/data/schermate
-// instead, for a reviewer to look at (scripts/rinnova-schermate.sh).
+// instead, for a reviewer to look at (scripts/rinnova-schermate.sh). Each
+// state is also read as a screen reader reads it.
 #include "app/frmautore.h"
 #include "content/catalogo.h"
 #include "exercise/frmoperativo.h"
@@ -20,10 +21,12 @@
 #include "settings/frminizio.h"
 #include "settings/frmopzioni.h"
 #include "settings/stato.h"
+#include "ui/rigaopzioni.h"
 
 #include <QtTest>
 #include <QtWidgets>
 #include <memory>
+#include <numeric>
 
 namespace {
 
@@ -56,6 +59,40 @@ QImage differenze(const QImage &attesa, const QImage &vista)
     return diverse ? d : QImage();
 }
 
+// What a screen reader finds wrong on a screen, frames not yet in front
+// included: a key, field or list unnamed or unable to take the focus, a label
+// that shows something but has no name, a menu entry without a caption, a row
+// whose keys Tab meets out of the order space steps through them.
+QString inascoltabili(QWidget *f)
+{
+    QStringList male;
+    for (QWidget *c : f->findChildren<QWidget *>()) {
+        const bool controllo = qobject_cast<QAbstractButton *>(c) || qobject_cast<QComboBox *>(c);
+        auto *l = qobject_cast<QLabel *>(c);
+        if ((!controllo && !(l && (!l->text().trimmed().isEmpty() || !l->pixmap().isNull()))) ||
+            c->objectName().startsWith(QLatin1String("qt_")))
+            continue;
+        const QAccessibleInterface *i = QAccessible::queryAccessibleInterface(c);
+        if (!i || i->text(QAccessible::Name).trimmed().isEmpty() || (controllo && c->focusPolicy() == Qt::NoFocus))
+            male << c->objectName();
+    }
+    for (const QWidget *m : f->findChildren<QWidget *>())
+        for (const QAction *a : qobject_cast<const QMenuBar *>(m) || qobject_cast<const QMenu *>(m) ? m->actions() : QList<QAction *>())
+            if (!a->isSeparator() && a->text().trimmed().isEmpty())
+                male << QStringLiteral("an entry of ") + m->objectName();
+    for (const RigaOpzioni *riga : f->findChildren<RigaOpzioni *>()) {
+        QList<int> visti, attesi(riga->count());
+        std::iota(attesi.begin(), attesi.end(), 0);
+        QWidget *w = riga->bottone(0);
+        for (int passi = 0; passi < 500 && visti.size() < riga->count(); ++passi, w = w->nextInFocusChain())
+            if (const int i = riga->indice(w); i >= 0 && !visti.contains(i))
+                visti << i;
+        if (visti != attesi)
+            male << QStringLiteral("Tab order of ") + riga->bottone(0)->objectName();
+    }
+    return male.isEmpty() ? QString() : QStringLiteral("unnamed or unreachable: ") + male.join(u", ");
+}
+
 } // namespace
 
 class TestSchermate : public QObject
@@ -81,10 +118,13 @@ class TestSchermate : public QObject
         return w;
     }
 
-    // The screen as it looks now, against tests/data/schermate/<nome>.png.
+    // The screen as it looks now, against tests/data/schermate/<nome>.png,
+    // and as a screen reader reads it.
     void confronta(QWidget *w, const QString &nome)
     {
         QCoreApplication::processEvents();
+        if (const QString male = inascoltabili(w); !male.isEmpty())
+            diverse_ << nome + QStringLiteral(" (") + male + u')';
         const QImage vista = w->grab().toImage().convertToFormat(QImage::Format_RGB32);
         const QString file = QStringLiteral(CARTELLA_DATI "/schermate/") + nome + QStringLiteral(".png");
         const QImage attesa = QImage(file).convertToFormat(QImage::Format_RGB32);
@@ -127,7 +167,7 @@ private slots:
     {
         const QString diverse = diverse_.join(QStringLiteral(", "));
         diverse_.clear();
-        QVERIFY2(diverse.isEmpty(), qPrintable(diverse + " differ from their pictures: see " + fuori_.path()));
+        QVERIFY2(diverse.isEmpty(), qPrintable(diverse + " differ from what they should be; new pictures in " + fuori_.path()));
     }
     void cleanupTestCase()
     {

@@ -1,4 +1,5 @@
 #include "content/errori.h"
+#include "fakes/utente.h"
 #include "ui/alsasuono.h"
 #include "ui/qtpiattaforma.h"
 #include "ui/rigaopzioni.h"
@@ -23,59 +24,41 @@ struct Banco {
     }
 };
 
-// What the user does, one step a word: f<i> gives key i the focus, off<i>
-// disables it, hide<i> hides it, m<i> presses and releases the mouse on it,
-// a<i> is a screen reader's Press; ? logs the step and key flags as "pt"
-// (upper case when set), # how the keys are drawn, C gives the row other colours. Space, Return, Enter, Tab, A, X are keys, sent to
-// the focus. A "+" only presses, a "-" only releases, and "*<n>" holds as X11
-// does: n release/press pairs flagged as auto-repeated between the press and
-// the real release.
+// What the user does: the keys of fakes/utente.h ("Space*3", "Tab+", "A-"...),
+// and, on key i, f<i> gives it the focus, off<i> disables it, hide<i> hides
+// it, m<i> presses and releases the mouse on it (m<i>+ only presses, m<i>-
+// only releases), a<i> is a screen reader's Press; ? logs the step and key
+// flags as "pt" (upper case when set).
 static void esegui(Banco &b, const QString &script, QStringList &log)
 {
-    static const QRegularExpression passo(QStringLiteral(R"(^(off|hide|f|m|a)?(\d+|[A-Z][a-z]*)(\*\d+|[+-])?$)"));
-    for (const QString &t : script.split(u' ', Qt::SkipEmptyParts)) {
+    static const QRegularExpression passo(QStringLiteral(R"(^(off|hide|f|m|a)(\d+)([+-])?$)"));
+    Utente u{&b.finestra, [&](const QString &t) {
         const QRegularExpressionMatch m = passo.match(t);
-        const QString comando = m.captured(1), fine = m.captured(3);
-        QPushButton *k = comando.isEmpty() ? nullptr : b.riga->bottone(m.captured(2).toInt());
-        const int key = comando.isEmpty() ? QKeySequence::fromString(m.captured(2))[0].key() : 0;
-        const auto invia = [&](bool giu, bool ripetuto) {
-            if (k)
-                return giu ? QTest::mousePress(k, Qt::LeftButton) : QTest::mouseRelease(k, Qt::LeftButton);
-            // Only the space's text counts: the row steps on " ", not on the key code.
-            QKeyEvent e(giu ? QEvent::KeyPress : QEvent::KeyRelease, key, Qt::NoModifier, key == Qt::Key_Space ? " " : "", ripetuto);
-            QApplication::sendEvent(QApplication::focusWidget(), &e);
-        };
-        if (t == u'?')
+        QPushButton *k = m.hasMatch() ? b.riga->bottone(m.captured(2).toInt()) : nullptr;
+        const QString comando = m.captured(1);
+        if (t == u'?') {
             log << QString(b.riga->flagPasso() ? "P" : "p") + (b.riga->flagTasto() ? "T" : "t");
-        else if (t == u'C')
-            b.riga->setColori(QColor(200, 40, 40), QColor(40, 200, 40));
-        else if (t == u'#') { // each key: F in the focus colour with a black border, r in the rest colour
-            QString visto = QStringLiteral("#");
-            for (int i = 0; i < b.riga->count(); ++i) {
-                const QImage im = b.riga->bottone(i)->grab().toImage();
-                const QColor c = im.pixelColor(8, 20);
-                visto += c == b.riga->opzioni().fuoco && im.pixelColor(30, 2) == Qt::black ? u'F'
-                         : c == b.riga->opzioni().riposo                                  ? u'r' : u'?';
-            }
-            log << visto;
-        }
-        else if (comando == u'f')
+        } else if (comando == u'f') {
             k->setFocus();
-        else if (comando == QLatin1String("off"))
+        } else if (comando == QLatin1String("off")) {
             k->setEnabled(false);
-        else if (comando == QLatin1String("hide"))
+        } else if (comando == QLatin1String("hide")) {
             k->hide();
-        else if (comando == u'a')
+        } else if (comando == u'a') {
             QAccessible::queryAccessibleInterface(k)->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
-        else {
-            if (fine != u'-')
-                invia(true, false);
-            for (int i = 0; i < 2 * fine.mid(1).toInt(); ++i) // release, press, release, ...
-                invia(i % 2, true);
-            if (fine != u'+')
-                invia(false, false);
+        } else if (comando == u'm') {
+            QWindow *w = b.finestra.windowHandle();
+            const QPoint qui = k->mapTo(&b.finestra, k->rect().center());
+            if (m.captured(3) != u'-')
+                QTest::mousePress(w, Qt::LeftButton, {}, qui);
+            if (m.captured(3) != u'+')
+                QTest::mouseRelease(w, Qt::LeftButton, {}, qui);
+        } else {
+            return false;
         }
-    }
+        return true;
+    }};
+    u.esegui(script);
 }
 
 class TestUi : public QObject
@@ -106,7 +89,6 @@ private slots:
         QTest::newRow("mouse chooses at the press") << "" << "f0 m2+ ? m2- ? Return Return" << "s2 pt pt s2 s2" << 2;
         QTest::newRow("flagged mouse press: next key ignored") << "m" << "f0 m2+ ? m2- Return Return" << "s2 pT s2" << 2;
         QTest::newRow("screen reader presses enabled keys") << "" << "f0 off2 a2 a1" << "s1" << 0;
-        QTest::newRow("the focus colour follows the focus") << "" << "f1 # C # Space #" << "#rFrrrr #rFrrrr #rrFrrr" << 2;
     }
     void riga()
     {
