@@ -1,7 +1,6 @@
 #include "content/algoritmi.h"
 #include "content/catalogo.h"
 #include "content/formatta.h"
-#include "fakes/attesi.h"
 #include "fakes/fakes.h"
 
 #include <QtTest>
@@ -78,35 +77,6 @@ private slots:
         QTEST(item.TestoDomanda, "domanda");
         QTEST(item.TestoSimboli, "simbolo");
         QTEST(item.TestoNumero, "numero");
-    }
-
-    // The twelve topics as tests/data/argomenti.txt lists them, with the
-    // titles each installs; a level outside them changes nothing but the menu.
-    void catalogo()
-    {
-        const QStringList attese = righeAttese(QStringLiteral("argomenti.txt"));
-        QStringList visti;
-        TopicInstallato t;
-        TitoliInizio ti;
-        for (const QString &r : attese) {
-            const qint16 n = qint16(r.section(u' ', 0, 0).toInt());
-            if (n == 0) {
-                visti << r;
-                continue;
-            }
-            SceltaSimboli(n, t, ti);
-            visti << QStringLiteral("%1 %2 |").arg(n).arg(t.ClassePosizioni) + t.Simboli[1] + u'|' + t.Simboli[2] + u'|' +
-                         t.Simboli[3] + u'|' + t.Simboli[4] + u'|' + ti.Label6[2] + u'|';
-            QCOMPARE(ti.caption + u'|' + ti.Label6[0] + u'|' + ti.Label6[1] + u'|' + ti.mnuSchede,
-                     QString(n <= 3 ? "SISTEMA DECIMALE: composizione|SISTEMA DECIMALE |COMPOSIZIONE DEI NUMERI|"
-                                    : "SISTEMA METRICO: composizione|SISTEMA METRICO|COMPOSIZIONE DELLE MISURE|") +
-                         "Stampa schede: " + ti.Label6[2]);
-        }
-        CONFRONTA_RIGHE(visti, attese);
-        ti.Label6[2] = QStringLiteral("altro");
-        for (qint16 fuori : {0, 13})
-            SceltaSimboli(fuori, t, ti);
-        QCOMPARE(t.Simboli[4] + ti.caption + ti.mnuSchede, "   lSISTEMA METRICO: composizioneStampa schede: altro");
     }
 
     void numero_data()

@@ -148,8 +148,9 @@ private slots:
         CONFRONTA_RIGHE(viste, attese);
     }
 
-    // What the screen shows as it opens on each topic, the record emptied
-    // whole; and whatever an item of the topic can bring fits its label.
+    // What the screen shows as it opens on each topic of tests/data/argomenti.txt,
+    // the record emptied whole; and whatever an item of the topic can bring
+    // fits its label.
     void apertura_data()
     {
         QTest::addColumn<int>("livello");
@@ -164,6 +165,12 @@ private slots:
         Banco t(1, livello, 1, 2);
         t.apri();
         QCOMPARE(t.testo("Label1"), a[5] + QString(10, u' ') + " Usa i simboli ordinati");
+        // The titles the topic gave the start screen, and the menu's caption.
+        const TitoliInizio &ti = t.stato.titoli;
+        QCOMPARE(ti.caption + u'|' + ti.Label6[0] + u'|' + ti.Label6[1] + u'|' + ti.mnuSchede,
+                 QString(livello <= 3 ? "SISTEMA DECIMALE: composizione|SISTEMA DECIMALE |COMPOSIZIONE DEI NUMERI|"
+                                      : "SISTEMA METRICO: composizione|SISTEMA METRICO|COMPOSIZIONE DELLE MISURE|") +
+                     "Stampa schede: " + a[5]);
         QCOMPARE(t.testo("Label2"), QStringLiteral(" Trova il numero"));
         QCOMPARE(t.testo("Label7"), quattro ? QStringLiteral("  13") : QStringLiteral("  1"));
         QCOMPARE(t.stato.record.RigheEsercizio[0] + t.riga(2) + t.riga(60), QString());
