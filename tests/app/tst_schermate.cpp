@@ -7,20 +7,16 @@
 // instead, for a reviewer to look at (scripts/rinnova-schermate.sh). Each
 // state is also read as a screen reader reads it.
 #include "app/frmautore.h"
-#include "content/catalogo.h"
 #include "exercise/frmoperativo.h"
 #include "fakes/cartella.h"
 #include "fakes/estrazioni.h"
-#include "fakes/fakeprinter.h"
-#include "fakes/fakes.h"
-#include "fakes/utente.h"
+#include "fakes/mondo.h"
 #include "printing/frmsceltastampante.h"
 #include "printing/frmstampaeserciziotre.h"
 #include "printing/frmstampaschedetre.h"
 #include "settings/filesettings.h"
 #include "settings/frminizio.h"
 #include "settings/frmopzioni.h"
-#include "settings/stato.h"
 #include "ui/rigaopzioni.h"
 
 #include <QtTest>
@@ -99,24 +95,9 @@ class TestSchermate : public QObject
 {
     Q_OBJECT
     CartellaDiProva cartella_;
-    FakeClock orologio_;
-    FakeRandom caso_;
-    FakeMessageBox messaggi_;
-    FakeSound suono_;
-    FakePrinter stampante_;
-    FakeScreens schermi_;
-    Stato s_;
+    std::unique_ptr<Mondo> m_;
     QDir fuori_;
     QStringList rinnovate_, diverse_;
-
-    template <typename F> std::unique_ptr<F> apri()
-    {
-        auto w = std::make_unique<F>(s_);
-        w->show();
-        if (!QTest::qWaitForWindowActive(w.get()))
-            qWarning("%s did not come to the front", w->metaObject()->className());
-        return w;
-    }
 
     // The screen as it looks now, against tests/data/schermate/<nome>.png,
     // and as a screen reader reads it.
@@ -158,10 +139,8 @@ private slots:
     }
     void init()
     {
-        s_ = Stato();
-        s_.servizi = {&orologio_, &caso_, &messaggi_, &suono_, &stampante_, &schermi_};
-        caso_.valori.clear();
-        caso_.dopo = 0.37;
+        m_ = std::make_unique<Mondo>();
+        m_->caso.dopo = 0.37;
     }
     void cleanup()
     {
@@ -178,7 +157,7 @@ private slots:
     // The start screen once the curtains have opened, then with each row chosen.
     void inizio()
     {
-        auto w = apri<FrmInizio>();
+        auto w = m_->apri<FrmInizio>();
         while (w->tendine().attiva())
             w->tickTendine();
         Utente u{w.get()};
@@ -194,15 +173,13 @@ private slots:
     // the correction and the end frame.
     void esercizio()
     {
-        SceltaSimboli(3, s_.topic, s_.titoli);
-        Settings &st = s_.settings;
+        Settings &st = m_->stato.settings;
         st.TipoEsercizio = st.OrdineSimboli = 3;
         st.TestoTipoEsercizio = QStringLiteral(" Trova il numero o il simbolo");
         st.TestoOrdineSimboli = QStringLiteral(" Usa i simboli ordinati e non ordinati");
-        st.ValoreMassimo = 19;
-        caso_.valori = estrazioni({"19 2 13 4 7 numero", "41 2 13 4 7 simbolo", "126 5 12 3 9 numero"}, 2, 3, 3, 19);
-        auto w = apri<frmOperativo>();
-        Utente u{w.get(), [this](const QString &p) { return p.startsWith(u'+') && (orologio_.adesso += p.toDouble(), true); }};
+        m_->caso.valori = estrazioni({"19 2 13 4 7 numero", "41 2 13 4 7 simbolo", "126 5 12 3 9 numero"}, 2, 3, 3, 19);
+        auto w = m_->apri<frmOperativo>();
+        Utente u{w.get(), [this](const QString &p) { return m_->tempo(p); }};
         u.esegui(QStringLiteral("+7.5 3 3 4"));
         confronta(w.get(), QStringLiteral("esercizio-tastierino"));
         u.esegui(QStringLiteral("0 V Return Return +3 1 Return"));
@@ -213,7 +190,7 @@ private slots:
         confronta(w.get(), QStringLiteral("esercizio-intervento"));
         u.esegui(QStringLiteral("Return"));
         confronta(w.get(), QStringLiteral("esercizio-correzione"));
-        s_.record.NumeroEsercizio = 19;
+        m_->stato.record.NumeroEsercizio = 19;
         u.esegui(QStringLiteral("Return +40 6 2 , 0 9 V Return"));
         confronta(w.get(), QStringLiteral("esercizio-fine"));
     }
@@ -222,36 +199,37 @@ private slots:
     void stampaEsercizio()
     {
         for (const QString &r : righeAttese(QStringLiteral("esercizi.txt")))
-            if (r.startsWith(QLatin1String("riga |")) && s_.record.NumeroEsercizio < 20)
-                s_.record.riga(++s_.record.NumeroEsercizio) = r.mid(6).chopped(1);
-        confronta(apri<FrmStampaEsercizioTre>().get(), QStringLiteral("stampa-esercizio"));
+            if (r.startsWith(QLatin1String("riga |")) && m_->stato.record.NumeroEsercizio < 20)
+                m_->stato.record.riga(++m_->stato.record.NumeroEsercizio) = r.mid(6).chopped(1);
+        confronta(m_->apri<FrmStampaEsercizioTre>().get(), QStringLiteral("stampa-esercizio"));
     }
 
-    // Worksheets on topic 6 with both previews.
+    // Worksheets on topic 6 with both previews, then "CANCELLA SCHEDA".
     void schede()
     {
-        SceltaSimboli(6, s_.topic, s_.titoli);
-        s_.settings.ValoreMassimo = 19;
+        m_ = std::make_unique<Mondo>(6);
         QRandomGenerator caso(7);
         for (int i = 0; i < 300; ++i)
-            caso_.valori.push_back(caso.generateDouble());
-        auto w = apri<FrmStampaSchedeTre>();
+            m_->caso.valori.push_back(caso.generateDouble());
+        auto w = m_->apri<FrmStampaSchedeTre>();
         Utente u{w.get()};
         u.esegui(QStringLiteral("1 Return 3 Return tab:CmdVisualizzaSchedaAlunni Return"));
         confronta(w.get(), QStringLiteral("schede-alunni"));
         u.esegui(QStringLiteral("tab:CmdVisualizzaSchedaDocenti Return"));
         confronta(w.get(), QStringLiteral("schede-docenti"));
+        u.esegui(QStringLiteral("tab:CmdRicomincia Return"));
+        confronta(w.get(), QStringLiteral("schede-cancella"));
     }
 
     // The options panel as it opens on the colours of a file that cannot be
     // read, the printer choice after a choice, the about box.
     void altre()
     {
-        AspettoPredefinito(s_.settings);
-        confronta(apri<FrmOpzioni>().get(), QStringLiteral("opzioni"));
-        stampante_.stampanti = {QStringLiteral("Ufficio"), QStringLiteral("Aula 2"), QStringLiteral("PDF")};
-        s_.fogli.SceltaStampanteArmata = true;
-        auto scelta = apri<frmSceltaStampante>();
+        AspettoPredefinito(m_->stato.settings);
+        confronta(m_->apri<FrmOpzioni>().get(), QStringLiteral("opzioni"));
+        m_->stampante.stampanti = {QStringLiteral("Ufficio"), QStringLiteral("Aula 2"), QStringLiteral("PDF")};
+        m_->stato.fogli.SceltaStampanteArmata = true;
+        auto scelta = m_->apri<frmSceltaStampante>();
         Utente{scelta.get()}.esegui(QStringLiteral("Down"));
         confronta(scelta.get(), QStringLiteral("scelta-stampante"));
         scelta.reset();

@@ -1,41 +1,27 @@
 // The exercise screen driven as a pupil drives it, by mouse, keys or one
 // switch, and checked against the record lines, the screen and the printout
 // that tests/data/esercizi.txt writes from the layout rules.
-#include "content/catalogo.h"
 #include "exercise/calcolaspazi.h"
 #include "exercise/frmoperativo.h"
 #include "fakes/attesi.h"
 #include "fakes/estrazioni.h"
-#include "fakes/fakeprinter.h"
-#include "fakes/fakes.h"
-#include "fakes/utente.h"
+#include "fakes/mondo.h"
 #include "printing/frmstampaeserciziotre.h"
-#include "settings/stato.h"
 #include "ui/rigaopzioni.h"
 
 #include <QLabel>
 #include <QPushButton>
-#include <memory>
 
 namespace {
 
-struct Banco {
-    FakeClock clock;
-    FakeRandom random;
-    FakeSound suono;
-    FakeScreens schermi;
-    FakePrinter stampante;
-    Stato stato;
+struct Banco : Mondo {
     std::unique_ptr<frmOperativo> w;
-    Utente u{nullptr, [this](const QString &p) { return p.startsWith(u'+') && (clock.adesso += p.toDouble(), true); }};
+    Utente u{nullptr, [this](const QString &p) { return tempo(p); }};
 
-    Banco(int tipo, int livello = 3, int ordine = 1, int cifre = 1, std::deque<double> valori = {})
+    Banco(int tipo, int livello = 3, int ordine = 1, int cifre = 1, std::deque<double> valori = {}) : Mondo(livello)
     {
-        random.valori = std::move(valori);
-        stato.servizi = {&clock, &random, nullptr, &suono, &stampante, &schermi};
-        SceltaSimboli(qint16(livello), stato.topic, stato.titoli);
+        caso.valori = std::move(valori);
         Settings &s = stato.settings;
-        s.NomeFile = QStringLiteral("prova");
         s.TipoEsercizio = qint16(tipo);
         s.TestoTipoEsercizio = QStringLiteral(" Trova il numero");
         s.OrdineSimboli = qint16(ordine);
@@ -45,10 +31,8 @@ struct Banco {
     }
     void apri()
     {
-        w = std::make_unique<frmOperativo>(stato);
+        w = Mondo::apri<frmOperativo>();
         u.finestra = w.get();
-        w->show();
-        QVERIFY(QTest::qWaitForWindowActive(w.get()));
     }
     QString testo(const QString &nome) const { return w->findChild<QLabel *>(nome)->text(); }
     QString riga(int i) const { return stato.record.RigheEsercizio[std::size_t(i)]; }
@@ -67,10 +51,7 @@ struct Banco {
         if (!schermi.chiamate.endsWith(QLatin1String("apri StampaEsercizio")))
             return {QStringLiteral("pagina: the printout was not opened")};
         {
-            FrmStampaEsercizioTre stampa(stato);
-            stampa.show();
-            if (!QTest::qWaitForWindowActive(&stampa))
-                return {};
+            auto stampa = Mondo::apri<FrmStampaEsercizioTre>();
             u.esegui(QStringLiteral("Return"));
         }
         w->activateWindow();
@@ -186,7 +167,7 @@ private slots:
             it.NumeroModello = m;
             qint16 tipo = 0;
             if (((m >= 13 && m <= 46) || m >= 72) == quattro) {
-                Generatore{t.clock, tutti19, {}}.genera(19, 0, t.stato.topic, it, tipo);
+                Generatore{t.orologio, tutti19, {}}.genera(19, 0, t.stato.topic, it, tipo);
                 domande << it.TestoDomanda;
                 numeri << it.TestoNumero;
             }

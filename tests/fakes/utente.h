@@ -43,6 +43,8 @@ struct Utente {
     {
         const char c = QTest::keyToAscii(Qt::Key(key));
         QWindow *w = QGuiApplication::focusWindow();
+        if (!w) // no window in front: the keys go nowhere
+            return;
         qt_handleKeyEvent(w, t, key, m, c && !(m & Qt::ControlModifier) ? QString(QChar::fromLatin1(c)) : QString(),
                           ripetuto);
         QCoreApplication::processEvents();

@@ -1,0 +1,39 @@
+#pragma once
+// The program's state on the test doubles, and its screens opened on it as
+// the screen manager opens them: shown and in front.
+#include "content/catalogo.h"
+#include "fakes/fakeprinter.h"
+#include "fakes/fakes.h"
+#include "fakes/utente.h"
+#include "settings/stato.h"
+#include <memory>
+
+struct Mondo {
+    FakeClock orologio;
+    FakeRandom caso;
+    FakeMessageBox messaggi;
+    FakeSound suono;
+    FakePrinter stampante;
+    FakeScreens schermi;
+    Stato stato;
+
+    // On topic `livello`, counts up to 19, the program's files named "prova...".
+    explicit Mondo(int livello = 3)
+    {
+        stato.servizi = {&orologio, &caso, &messaggi, &suono, &stampante, &schermi};
+        stato.settings.NomeFile = QStringLiteral("prova");
+        stato.settings.ValoreMassimo = 19;
+        SceltaSimboli(qint16(livello), stato.topic, stato.titoli);
+    }
+    // The step "+<seconds>" of a script: time passes.
+    bool tempo(const QString &passo) { return passo.startsWith(u'+') && (orologio.adesso += passo.toDouble(), true); }
+
+    template <typename F> std::unique_ptr<F> apri()
+    {
+        auto w = std::make_unique<F>(stato);
+        w->show();
+        if (!QTest::qWaitForWindowActive(w.get()))
+            qWarning("%s did not come to the front", w->metaObject()->className());
+        return w;
+    }
+};
