@@ -4,6 +4,7 @@
 #include "ui/schermi.h"
 #include "ui/suono.h"
 #include <QList>
+#include <QRandomGenerator>
 #include <QStringList>
 #include <deque>
 
@@ -14,17 +15,19 @@ public:
     double Timer() const override { return adesso; }
 };
 
-// Returns the queued values in order, then `dopo` for ever; records every seed.
+// Returns the queued values in order, then `dopo` for ever (or, given a
+// generator, its values); records every seed.
 class FakeRandom final : public IRandom
 {
 public:
     std::deque<double> valori;
     double dopo = 0.0;
+    QRandomGenerator *generatore = nullptr;
     QList<double> semi;
     void Randomize(double seed) override { semi.append(seed); }
     double Rnd() override
     {
-        const double v = valori.empty() ? dopo : valori.front();
+        const double v = !valori.empty() ? valori.front() : generatore ? generatore->generateDouble() : dopo;
         if (!valori.empty())
             valori.pop_front();
         return v;

@@ -71,6 +71,7 @@ private slots:
     void initTestCase() { QVERIFY(cartella_.valida()); }
     void init()
     {
+        QTest::failOnWarning(QRegularExpression(QStringLiteral("^handler stopped"))); // a handler the program did not mean to stop
         QFile::remove(dat_);
         QDir(dat_).removeRecursively();
         nuovo();

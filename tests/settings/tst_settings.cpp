@@ -75,6 +75,7 @@ private slots:
     void initTestCase() { QVERIFY(cartella_.valida()); }
     void init()
     {
+        QTest::failOnWarning(QRegularExpression(QStringLiteral("^handler stopped"))); // a handler the program did not mean to stop
         for (const QString &n : {kDat, kPannello, datInizio()})
             QFile::remove(n);
         QDir().rmdir(kDat);
