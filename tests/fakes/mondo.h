@@ -17,7 +17,8 @@ struct Mondo {
     FakeScreens schermi;
     Stato stato;
 
-    // On topic `livello`, counts up to 19, the program's files named "prova...".
+    // On topic `livello` (none for 0), counts up to 19, the program's files
+    // named "prova...".
     explicit Mondo(int livello = 3)
     {
         stato.servizi = {&orologio, &caso, &messaggi, &suono, &stampante, &schermi};

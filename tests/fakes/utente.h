@@ -26,13 +26,7 @@ struct Utente {
     // Steps of a test's own; returns false for a step it does not know.
     std::function<bool(const QString &passo)> altro = nullptr;
 
-    QWidget *controllo(const QString &nome) const
-    {
-        QWidget *w = finestra->findChild<QWidget *>(nome);
-        if (!w)
-            qWarning("no control %s", qPrintable(nome));
-        return w;
-    }
+    QWidget *controllo(const QString &nome) const { return finestra->findChild<QWidget *>(nome); }
     static QString fuoco()
     {
         const QWidget *w = QApplication::focusWidget();
@@ -55,15 +49,6 @@ struct Utente {
         tasto(QEvent::KeyRelease, key, m);
     }
 
-    void mouse(QWidget *c, bool doppio) const
-    {
-        // A radio button answers only on its mark and caption.
-        const QPoint qui = c->mapTo(c->window(), qobject_cast<QRadioButton *>(c) ? QPoint(8, c->height() / 2)
-                                                                                  : c->rect().center());
-        QWindow *w = c->window()->windowHandle();
-        doppio ? QTest::mouseDClick(w, Qt::LeftButton, {}, qui) : QTest::mouseClick(w, Qt::LeftButton, {}, qui);
-    }
-
     void esegui(const QString &passi)
     {
         static const QRegularExpression chiave(QStringLiteral(R"(^(K(?=\d$))?(.+?)(\*(\d+)|\+|-)?$)"));
@@ -73,16 +58,20 @@ struct Utente {
             if (QTest::currentTestFailed() || (altro && altro(p)))
                 continue;
             const QString azione = p.section(u':', 0, 0), nome = p.section(u':', 1);
+            QWidget *c = controllo(nome);
             if (azione == QLatin1String("click") || azione == QLatin1String("dclick")) {
-                if (QWidget *c = controllo(nome))
-                    mouse(c, azione == QLatin1String("dclick"));
+                QVERIFY2(c, qPrintable(p));
+                // A radio button answers only on its mark and caption.
+                const QPoint qui = c->mapTo(c->window(), qobject_cast<QRadioButton *>(c) ? QPoint(8, c->height() / 2)
+                                                                                          : c->rect().center());
+                QTest::mouseEvent(azione == QLatin1String("click") ? QTest::MouseClick : QTest::MouseDClick,
+                                  c->window()->windowHandle(), Qt::LeftButton, {}, qui);
             } else if (azione == QLatin1String("scan")) {
                 for (int i = 0; i < 40 && fuoco() != nome; ++i)
                     premi(Qt::Key_Space);
                 QCOMPARE(fuoco(), nome);
                 premi(Qt::Key_Return);
             } else if (azione == QLatin1String("tab")) {
-                const QWidget *c = controllo(nome);
                 for (int i = 0; i < 60 && c && QApplication::focusWidget() != c; ++i) {
                     const QWidget *f = QApplication::focusWidget();
                     const bool gruppo = qobject_cast<const QRadioButton *>(c) && qobject_cast<const QRadioButton *>(f) &&

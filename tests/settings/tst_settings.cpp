@@ -1,12 +1,10 @@
 // The settings file, the start screen and the options panel that write it, and
 // the resizing the screens share.
 #include "fakes/cartella.h"
-#include "fakes/fakes.h"
-#include "fakes/utente.h"
+#include "fakes/mondo.h"
 #include "settings/filesettings.h"
 #include "settings/frminizio.h"
 #include "settings/frmopzioni.h"
-#include "settings/stato.h"
 #include "settings/coloriopzioni.h"
 #include "ui/rigaopzioni.h"
 
@@ -17,7 +15,7 @@
 namespace {
 
 const QString kDat = QStringLiteral("composizione.dat");
-const QString kPannello = QStringLiteral("pannello.dat");
+const QString kPannello = QStringLiteral("prova.dat");
 // The eleven appearance values when the file cannot be read.
 const QString kPredefinito = QStringLiteral("12640511 8438015 328965 1 1 1 16754175 16745215 4 4 9");
 // A black page, the first variant off and the second empty: the first value even fits a level.
@@ -34,38 +32,27 @@ QString aspetto(const Settings &s)
         .join(' ');
 }
 
-// What a user does: the steps of fakes/utente.h, through the screen's window.
-void esegui(QWidget *f, const QString &script)
-{
-    Utente{f}.esegui(script);
-}
-
 } // namespace
 
 class TestSettings : public QObject
 {
     Q_OBJECT
     CartellaDiProva cartella_;
-    FakeScreens schermi_;
-    std::unique_ptr<Stato> stato_;
+    std::unique_ptr<Mondo> m_;
     std::unique_ptr<QWidget> f_;
 
     // The start screen's file is named after this executable.
     static QString datInizio() { return QCoreApplication::applicationName() + QStringLiteral(".dat"); }
     QString testo(const QString &nome) const { return f_->findChild<QLabel *>(nome)->text(); }
 
-    // A screen on a fresh state; the panel keeps its settings in pannello.dat.
+    // A screen on a fresh state; the panel keeps its settings in prova.dat.
     // The start screen's curtains are run out: the mouse would meet them.
     template <class F> void apri(bool tendine = false)
     {
         f_.reset();
-        stato_ = std::make_unique<Stato>();
-        stato_->servizi.schermi = &schermi_;
-        stato_->settings.NomeFile = QStringLiteral("pannello");
-        AspettoPredefinito(stato_->settings);
-        f_ = std::make_unique<F>(*stato_);
-        f_->show();
-        QVERIFY(QTest::qWaitForWindowActive(f_.get()));
+        m_ = std::make_unique<Mondo>(0); // no topic: the start screen installs it
+        AspettoPredefinito(m_->stato.settings);
+        f_ = m_->apri<F>();
         if (auto *inizio = qobject_cast<FrmInizio *>(f_.get()); inizio && !tendine)
             while (inizio->tendine().attiva())
                 inizio->tickTendine();
@@ -79,7 +66,6 @@ private slots:
         for (const QString &n : {kDat, kPannello, datInizio()})
             QFile::remove(n);
         QDir().rmdir(kDat);
-        schermi_.chiamate.clear();
     }
     void cleanup() { f_.reset(); }
 
@@ -165,10 +151,10 @@ private slots:
         for (int volta = 0; volta < 2; ++volta) {
             apri<FrmInizio>();
             if (volta == 0) {
-                esegui(f_.get(), script);
+                Utente{f_.get()}.esegui(script);
                 QTEST(Utente::fuoco(), "fuoco");
             }
-            const Settings &s = stato_->settings;
+            const Settings &s = m_->stato.settings;
             QCOMPARE(QStringList({testo("Label3"), testo("lblCifre"), QString::number(s.ValoreMassimo), f_->windowTitle(),
                                   s.ColoreSfondo, f_->findChild<QAction *>("mnuSchede")->text()}).join('|'), atteso);
         }
@@ -202,13 +188,24 @@ private slots:
     {
         QFETCH(QString, script);
         apri<FrmInizio>();
-        esegui(f_.get(), script);
+        Utente{f_.get()}.esegui(script);
         QTEST(Utente::fuoco(), "focus");
-        const Settings &s = stato_->settings;
+        const Settings &s = m_->stato.settings;
         QTEST(QStringLiteral("%1%2|%3|%4|%5%6").arg(s.TipoEsercizio).arg(s.OrdineSimboli)
                   .arg(testo("Label1"), testo("Label2")).arg(f_->findChild<QWidget *>("Frame2")->isEnabled())
                   .arg(f_->findChild<QWidget *>("Frame3")->isEnabled()), "atteso");
-        QTEST(schermi_.chiamate, "schermi");
+        QTEST(m_->schermi.chiamate, "schermi");
+    }
+
+    // A curtain left between 10 and 74 twips wide cannot take another step:
+    // every tick fails from then on and the curtains stay.
+    void tendine()
+    {
+        Tendine t;
+        t.avvia(2 * 80);
+        QVERIFY(t.tick() && !t.attiva() && t.larghezza1() == 5);
+        t.avvia(2 * 100);
+        QVERIFY(t.tick() && !t.tick() && !t.tick() && t.attiva() && t.larghezza1() == 25 && t.larghezza2() == 25);
     }
 
     // The curtains open by themselves once the screen is on view; each
@@ -217,14 +214,14 @@ private slots:
     {
         apri<FrmInizio>(true);
         QTRY_VERIFY(!static_cast<FrmInizio *>(f_.get())->tendine().attiva());
-        esegui(f_.get(), "click:Option1(0)");
-        stato_->record.NumeroEsercizio = 12;
+        Utente{f_.get()}.esegui("click:Option1(0)");
+        m_->stato.record.NumeroEsercizio = 12;
         QWidget altra;
         altra.show();
         QVERIFY(QTest::qWaitForWindowActive(&altra));
         f_->activateWindow();
         QVERIFY(QTest::qWaitForWindowActive(f_.get()));
-        QCOMPARE(stato_->record.NumeroEsercizio, 0);
+        QCOMPARE(m_->stato.record.NumeroEsercizio, 0);
         QCOMPARE(Utente::fuoco(), "Option1(0)");
     }
 
@@ -257,13 +254,13 @@ private slots:
         QFETCH(QString, atteso);
         QFETCH(QString, dopo);
         apri<FrmOpzioni>();
-        Settings &s = stato_->settings;
+        Settings &s = m_->stato.settings;
         s.BeepAttivo = false;
         s.ImpostazioneB = true; // asks for a control the panel does not have
         // The clicks leave the focus in the lists; Tab leads back to the command row.
-        esegui(f_.get(), "click:Option1(2) click:Option27(0) click:Option17(7) tab:Option5(0) " + script);
+        Utente{f_.get()}.esegui("click:Option1(2) click:Option27(0) click:Option17(7) tab:Option5(0) " + script);
         QCOMPARE(aspetto(s), atteso);
-        QCOMPARE(schermi_.chiamate, dopo == "chiuso" ? "chiudi Opzioni" : "");
+        QCOMPARE(m_->schermi.chiamate, dopo == "chiuso" ? "chiudi Opzioni" : "");
         QCOMPARE(QFile::exists(kPannello), dopo == "scritto");
         const RigaOpzioni *comandi = static_cast<FrmOpzioni *>(f_.get())->comandi();
         QCOMPARE(comandi->opzioni().fuoco, ColoreDaTesto(s.ColoreScansioneScuro));
@@ -286,10 +283,10 @@ private slots:
     void coloriDelPannello()
     {
         apri<FrmOpzioni>();
-        const Settings &s = stato_->settings;
+        const Settings &s = m_->stato.settings;
         QStringList visti;
         for (int i = 0; i < 11; ++i) {
-            esegui(f_.get(), QStringLiteral("click:Option1(%1) click:Option27(%1) click:Option17(%1)").arg(i));
+            Utente{f_.get()}.esegui(QStringLiteral("click:Option1(%1) click:Option27(%1) click:Option17(%1)").arg(i));
             QStringList rgb;
             for (const QString &c : {s.ColoreSfondo, s.ColoreCaratteri, s.ColoreScansioneChiaro, s.ColoreScansioneScuro})
                 rgb << QStringLiteral("%1 %2 %3").arg(ColoreDaTesto(c).red()).arg(ColoreDaTesto(c).green()).arg(ColoreDaTesto(c).blue());
