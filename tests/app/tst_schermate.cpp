@@ -27,7 +27,7 @@
 namespace {
 
 // How far an edge pixel may drift on any channel.
-constexpr int kMargine = 48;
+constexpr int kMargine = 8;
 
 // The reviewed picture's pixels that came out otherwise, drawn in red over a
 // faded copy of it; an empty image when there are none.
