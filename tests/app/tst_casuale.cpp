@@ -65,7 +65,7 @@ class TestCasuale : public QObject
 {
     Q_OBJECT
     quint64 seme_ = 20240917;
-    int eventi_ = 20000;
+    int eventi_ = 12000;
     std::unique_ptr<Programma> m_;
     Schermo bersaglio_ = Schermo::Inizio;
     QRandomGenerator caso_;
