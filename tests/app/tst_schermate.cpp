@@ -136,7 +136,8 @@ private slots:
     }
     void init()
     {
-        QTest::failOnWarning(QRegularExpression(QStringLiteral("^handler stopped"))); // a handler the program did not mean to stop
+        // A handler the program did not mean to stop fails the test.
+        QTest::failOnWarning(QRegularExpression(QStringLiteral("^handler stopped")));
         m_ = std::make_unique<Mondo>();
         m_->caso.dopo = 0.37;
     }

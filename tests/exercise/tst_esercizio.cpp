@@ -49,7 +49,7 @@ struct Banco : Mondo {
         u.esegui(QStringLiteral("Return"));
         if (!schermi.chiamate.endsWith(QLatin1String("apri StampaEsercizio")))
             return {QStringLiteral("pagina: the printout was not opened")};
-        StampaEsercizio(stato); // its key on the printout screen is the printing tests'
+        StampaEsercizio(stato); // the printout screen's own key is tried by the printing tests
         QStringList p;
         for (const QString &r : std::as_const(stampante.pagina))
             p << QStringLiteral("pagina ") + r;
@@ -71,7 +71,8 @@ class TstEsercizio : public QObject
 {
     Q_OBJECT
 private slots:
-    void init() { QTest::failOnWarning(QRegularExpression(QStringLiteral("^handler stopped"))); } // a handler the program did not mean to stop
+    // A handler the program did not mean to stop fails the test.
+    void init() { QTest::failOnWarning(QRegularExpression(QStringLiteral("^handler stopped"))); }
     // Whole exercises, item by item, as tests/data/esercizi.txt tells them.
     void esercizi()
     {

@@ -71,7 +71,8 @@ private slots:
     void initTestCase() { QVERIFY(cartella_.valida()); }
     void init()
     {
-        QTest::failOnWarning(QRegularExpression(QStringLiteral("^handler stopped"))); // a handler the program did not mean to stop
+        // A handler the program did not mean to stop fails the test.
+        QTest::failOnWarning(QRegularExpression(QStringLiteral("^handler stopped")));
         QFile::remove(dat_);
         QDir(dat_).removeRecursively();
         nuovo();

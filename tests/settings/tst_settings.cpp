@@ -62,7 +62,8 @@ private slots:
     void initTestCase() { QVERIFY(cartella_.valida()); }
     void init()
     {
-        QTest::failOnWarning(QRegularExpression(QStringLiteral("^handler stopped"))); // a handler the program did not mean to stop
+        // A handler the program did not mean to stop fails the test.
+        QTest::failOnWarning(QRegularExpression(QStringLiteral("^handler stopped")));
         for (const QString &n : {kDat, kPannello, datInizio()})
             QFile::remove(n);
         QDir().rmdir(kDat);

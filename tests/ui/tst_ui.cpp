@@ -65,7 +65,8 @@ class TestUi : public QObject
 {
     Q_OBJECT
 private slots:
-    void init() { QTest::failOnWarning(QRegularExpression(QStringLiteral("^handler stopped"))); } // a handler the program did not mean to stop
+    // A handler the program did not mean to stop fails the test.
+    void init() { QTest::failOnWarning(QRegularExpression(QStringLiteral("^handler stopped"))); }
     // Options: n = disabled keys are not skipped, e = flags cleared on every
     // event, m = a mouse press sets the key flag, h = the screen handles keys
     // (logged h<index><key>; Tab discarded, X throws, the rest accepted).
