@@ -189,8 +189,8 @@ private slots:
                "click:Option2(7) click:Option2(10) click:Option2(8)" << "12.345.67" << 8 << conVerifica;
         QTest::newRow("typed eighth character dropped") << "1 2 3 4 5 6 7 8" << "123.458" << 0 << conVerifica;
         QTest::newRow("cancel regroups, C and Delete too") << "1 2 3 4 5 Backspace C Del" << "12" << 0 << conVerifica;
-        QTest::newRow("a second comma is ignored, a cancelled one may come again") << "1 , , Backspace ," << "1," << 0
-                                                                                  << conVerifica;
+        QTest::newRow("a second comma is ignored") << "1 , ," << "1," << 0 << conVerifica;
+        QTest::newRow("a cancelled comma may come again") << "1 , Backspace ," << "1," << 0 << conVerifica;
         QTest::newRow("numeric pad digits") << "K1 K0 , K5" << "10,5" << 0 << conVerifica;
         QTest::newRow("cancel to empty, then on empty") << "5 Backspace Backspace" << "?" << 0 << inizio;
         // "Esci" is disabled until the item ends: E cannot reach it.

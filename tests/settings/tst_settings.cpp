@@ -170,7 +170,7 @@ private slots:
         QTest::addColumn<QString>("schermi");
         QTest::newRow("mouse") << "click:Option1(1) click:Option2(2) click:Option3(0)" << "Option3(0)"
                                << "23| Trova il simbolo| Usa i simboli ordinati e non ordinati|11" << "apri Operativo";
-        QTest::newRow("space steps and wraps, Enter chooses") << "Space Space Return Space Return Space Space Space Return" << "Option3(0)"
+        QTest::newRow("space steps and wraps, Enter chooses, held once") << "Space Space Return Space Return Space Space Space Return*2" << "Option3(0)"
             << "32| Trova il numero o il simbolo| Usa i simboli non ordinati|11" << "apri Operativo";
         QTest::newRow("held space steps once") << "Space*1 Space*1" << "Option1(2)" << "00|||00" << "";
         QTest::newRow("keypad 3 moves on") << "K3" << "Option2(0)" << "00|||10" << "";
