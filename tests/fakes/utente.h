@@ -27,11 +27,7 @@ struct Utente {
     std::function<bool(const QString &passo)> altro = nullptr;
 
     QWidget *controllo(const QString &nome) const { return finestra->findChild<QWidget *>(nome); }
-    static QString fuoco()
-    {
-        const QWidget *w = QApplication::focusWidget();
-        return w ? w->objectName() : QStringLiteral("(nessuno)");
-    }
+    static QString fuoco() { return QApplication::focusWidget() ? QApplication::focusWidget()->objectName() : "(none)"; }
 
     static void tasto(QEvent::Type t, int key, Qt::KeyboardModifiers m = {}, bool ripetuto = false)
     {
