@@ -33,11 +33,8 @@ constexpr int kMargine = 8;
 // faded copy of it; an empty image when there are none.
 QImage differenze(const QImage &attesa, const QImage &vista)
 {
-    if (attesa.size() != vista.size()) { // of another size: all of it differs
-        QImage tutta(vista.size(), QImage::Format_RGB32);
-        tutta.fill(Qt::red);
-        return tutta;
-    }
+    if (attesa.size() != vista.size())
+        return vista; // of another size: the whole new picture is its difference
     QImage d(attesa.size(), QImage::Format_RGB32);
     bool diverse = false;
     for (int y = 0; y < attesa.height(); ++y) {

@@ -137,7 +137,7 @@ private slots:
 
     // The sound file: a chunk of any other kind, even of odd length, is
     // stepped over; a cut file keeps its whole frames; any encoding but 8- or
-    // 16-bit PCM is silence.
+    // 16-bit PCM, or a rate past 384 kHz, is silence.
     void wav_data()
     {
         QTest::addColumn<QByteArray>("file");
@@ -162,6 +162,7 @@ private slots:
         QTest::newRow("cut short: whole frames") << riff + fmt(1, 2, 8000, 16) + dati.left(13) << "16 2 8000 4";
         QTest::newRow("float") << riff + fmt(3, 1, 22050, 32) + dati << "0 0 0 0";
         QTest::newRow("24 bits") << riff + fmt(1, 1, 22050, 24) + dati << "0 0 0 0";
+        QTest::newRow("faster than any card") << riff + fmt(1, 1, 384001, 16) + dati << "0 0 0 0";
         QTest::newRow("no wave") << QByteArray("RIFF\0\0\0\0AVI ", 12) + fmt(1, 1, 22050, 16) + dati << "0 0 0 0";
     }
     void wav()
