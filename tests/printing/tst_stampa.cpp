@@ -339,9 +339,9 @@ private slots:
                 m_->caso.valori = estrazioni(voci, classe(a[2].toInt()), 3, 0, 19);
                 u = apri<FrmStampaSchedeTre>();
                 // Kind and order 3 by keys or by the mouse; then the pupils' preview.
-                // A stray key held down (X) is no key of these rows: the others still count.
-                u.esegui((a[4] == u'1' ? QStringLiteral("X+ Space 1 Return X+ 3 Return") : "click:Option1(" + QString::number(a[4].toInt() - 1) +
-                          ") click:Option2(2)") + " click:CmdVisualizzaSchedaAlunni");
+                // A stray key held down (X) is no key of these rows: the next one still counts.
+                u.esegui((a[4] == u'2' ? QStringLiteral("X+ 2 Return X+ 3 Return") : QStringLiteral("click:Option1(0) click:Option2(2)")) +
+                         " click:CmdVisualizzaSchedaAlunni");
                 const QStringList alunni = anteprima();
                 u.esegui(QStringLiteral("tab:CmdVisualizzaSchedaDocenti Return"));
                 const QStringList docenti = anteprima();
