@@ -33,6 +33,13 @@ constexpr qint16 ultimoLivelloNumeri = 3;
 
 } // namespace
 
+QString NomiArgomento(qint16 livello)
+{
+    if (livello < 1 || livello > qint16(catalogo.size()))
+        return {};
+    return QString::fromUtf16(catalogo[std::size_t(livello - 1)].nomiUnita);
+}
+
 void SceltaSimboli(qint16 livello, TopicInstallato &topic, TitoliInizio &titoli)
 {
     if (livello >= 1 && livello <= qint16(catalogo.size())) {
@@ -49,7 +56,7 @@ void SceltaSimboli(qint16 livello, TopicInstallato &topic, TitoliInizio &titoli)
                                   : QStringLiteral("SISTEMA METRICO");
         titoli.Label6[1] = numeri ? QStringLiteral("COMPOSIZIONE DEI NUMERI")
                                   : QStringLiteral("COMPOSIZIONE DELLE MISURE");
-        titoli.Label6[2] = QString::fromUtf16(voce.nomiUnita);
+        titoli.Label6[2] = NomiArgomento(livello);
     }
     // Rewritten even when the level is unknown: the menu follows whatever
     // names line the start screen is showing.

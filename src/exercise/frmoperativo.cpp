@@ -289,8 +289,10 @@ void frmOperativo::MostraCorrezione()
 void frmOperativo::Riprova()
 {
     scrivi(lblEsito_, {});
-    // Only the text goes: the comma flag stays as the item left it.
+    // The comma goes with the text: a flag left set would refuse the comma
+    // of the next try.
     risposta_.testo.clear();
+    risposta_.virgola = false;
     tentativi_ = somma16(tentativi_, 1);
     if (tentativi_ != 3) {
         NascondiBarre();

@@ -107,18 +107,24 @@ void frmOperativo::azioneAvviso(int i)
 }
 
 // Digits are typed straight in; letters jump to a key or act at once; Enter
-// fires the key with the focus. Any other key is swallowed.
+// fires the key with the focus. Any other key is swallowed. A typed key is
+// only as good as the key it stands for: once the item is corrected, the
+// keyboard cannot edit or verify it again any more than the mouse can.
 bool frmOperativo::tastoTastierino(int i, QKeyEvent *k)
 {
     bool accettato = true;
+    const auto attivo = [this](int tasto) { return option2_->bottone(tasto)->isEnabled(); };
     confine([&] {
         scrivi(lblEsito_, {});
         if (const int c = cifraDi(k); c >= 0) {
-            cifra(QChar(u'0' + c), LunghezzaDigitata);
+            if (attivo(c))
+                cifra(QChar(u'0' + c), LunghezzaDigitata);
             return;
         }
         switch (k->key()) {
         case Qt::Key_Comma:
+            if (!attivo(kVirgola))
+                break;
             if (VirgolaDigitata(risposta_)) {
                 mostraRisposta();
             } else {
@@ -129,11 +135,14 @@ bool frmOperativo::tastoTastierino(int i, QKeyEvent *k)
         case Qt::Key_C:
         case Qt::Key_Backspace:
         case Qt::Key_Delete:
-            Cancella(risposta_);
-            mostraRisposta();
+            if (attivo(kCancella)) {
+                Cancella(risposta_);
+                mostraRisposta();
+            }
             break;
         case Qt::Key_V:
-            fuoco(option2_, kVerifica);
+            if (attivo(kVerifica))
+                fuoco(option2_, kVerifica);
             break;
         case Qt::Key_A:
             NuovoEsercizio();
@@ -166,15 +175,15 @@ bool frmOperativo::tastoSimboli(int i, QKeyEvent *k)
             return;
         }
         if (c >= 0 && c <= 3) {
-            fuoco(option1_, c);
+            if (option1_->bottone(c)->isEnabled())
+                fuoco(option1_, c);
             return;
         }
-        // "V" looks at "Avanti", not at "Verifica": it only works once the
-        // item can be left.
+        // "V" looks at "Avanti" too: it only works once the item can be left.
         const bool avanti = option1_->bottone(kAvantiS)->isEnabled();
         switch (k->key()) {
         case Qt::Key_V:
-            if (avanti)
+            if (avanti && option1_->bottone(kVerificaS)->isEnabled())
                 fuoco(option1_, kVerificaS);
             break;
         case Qt::Key_N:

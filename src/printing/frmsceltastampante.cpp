@@ -5,6 +5,7 @@
 #include "ui/stampante.h"
 
 #include <QComboBox>
+#include <QDir>
 #include <QLabel>
 #include <QPushButton>
 #include <QSignalBlocker>
@@ -46,10 +47,29 @@ frmSceltaStampante::frmSceltaStampante(Stato &stato, QWidget *parent)
             stato_.servizi.schermi->chiudi(Schermo::SceltaStampante);
     });
 
+    // With no printer nothing can be picked, and Label2 never speaks: its
+    // place tells where the pages go instead.
+    lblCartella = new QLabel(this);
+    lblCartella->setObjectName(QStringLiteral("lblCartella"));
+    lblCartella->setGeometry(Label2->geometry());
+    lblCartella->setWordWrap(true);
+    lblCartella->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    lblCartella->hide();
+
     confine([this] {
         ElencaStampanti();
         MostraPredefinita();
     });
+    if (Combo1->count() == 0) {
+        const QString cartella = QDir::toNativeSeparators(QDir::currentPath());
+        // A path has no blanks to wrap at: it may break after any separator.
+        QString spezzabile = cartella;
+        spezzabile.replace(QDir::separator(), QString(QDir::separator()) + QChar(0x200B));
+        lblCartella->setText(QStringLiteral("Nessuna stampante installata: le pagine diventano file PDF nella cartella ") +
+                             aCapo + spezzabile);
+        lblCartella->setAccessibleName(lblCartella->text().remove(QChar(0x200B)));
+        lblCartella->show();
+    }
 }
 
 void frmSceltaStampante::ElencaStampanti()

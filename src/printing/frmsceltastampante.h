@@ -17,6 +17,7 @@ public:
     QComboBox *Combo1 = nullptr;
     QLabel *Label1 = nullptr;   // the default printer
     QLabel *Label2 = nullptr;   // the printer chosen
+    QLabel *lblCartella = nullptr; // with no printer: where the PDF files go
     QPushButton *Command2 = nullptr;
 
 private:

@@ -3,6 +3,9 @@
 #include "settings/stato.h"
 #include "ui/stampante.h"
 
+#include <QStringList>
+#include <algorithm>
+
 namespace {
 
 const QString testoSenzaFont = QStringLiteral("Devi installare il font Courier o il font Courier New");
@@ -27,6 +30,26 @@ void posiziona(IPrinter &p, qint16 x, qint16 y)
 {
     p.setCurrentX(x);
     p.setCurrentY(y);
+}
+
+// Every line of a printout starts here, in twips.
+constexpr double kSinistra = 1000;
+
+// The size, in tenths of a point and at most `massima`, at which the widest
+// line still ends inside the printable area: a record line at 10 points runs
+// past the right edge of A4 and of Letter. Down a tenth at a time, measured
+// each time: the device's rounding of the widths need not follow the size.
+void dimensioneCheEntra(IPrinter &p, const QStringList &righe, double massima)
+{
+    const double spazio = p.larghezzaStampabile() - kSinistra;
+    const auto entra = [&](double punti) {
+        p.setFontSize(punti);
+        return std::all_of(righe.cbegin(), righe.cend(), [&](const QString &r) { return p.larghezzaTesto(r) <= spazio; });
+    };
+    int decimi = int(massima * 10);
+    while (decimi > 1 && !entra(decimi / 10.0))
+        --decimi;
+    p.setFontSize(decimi / 10.0);
 }
 
 void IntestazioneEsercizio(IPrinter &p)
@@ -79,8 +102,13 @@ void StampaEsercizio(Stato &s)
         return;
     IPrinter &p = *stampante;
     IntestazioneEsercizio(p);
-    p.setFontSize(10);
     p.setFontBold(true);
+    // Lines past the 60th are never reached: the loop stops on them.
+    const int ultima = std::min<int>(s.fogli.StampaRidotta == 1 ? 10 : 60, s.record.NumeroEsercizio);
+    QStringList righe;
+    for (int k = 1; k <= ultima; ++k)
+        righe << s.record.riga(k);
+    dimensioneCheEntra(p, righe, 10);
 
     // The loop runs on the shared counter: the record file relies on where it stops.
     qint16 &i = s.fogli.NumeroOperazioni;
@@ -129,13 +157,19 @@ qint16 YRigaScheda(qint16 k)
 
 void StampaScheda(Stato &s, qint16 tipoScheda, const QString &label1, const QString &label2)
 {
-    IPrinter *stampante = apriDocumento(s, QStringLiteral("Scheda"));
+    // Each kind its own file: with no printer the key must not overwrite the
+    // pupils' sheet.
+    IPrinter *stampante =
+        apriDocumento(s, tipoScheda == 1 ? QStringLiteral("SchedaAlunni") : QStringLiteral("SchedaDocenti"));
     if (!stampante)
         return;
     IPrinter &p = *stampante;
     try {
         IntestazioneScheda(p, label1, label2);
-        p.setFontSize(tipoScheda == 1 ? 12 : 10);
+        QStringList righe;
+        for (int k = 1; k <= std::min<int>(s.fogli.NumeroOperazioni, 60); ++k)
+            righe << voce(s.fogli.RigheScheda, k);
+        dimensioneCheEntra(p, righe, tipoScheda == 1 ? 12 : 10);
         for (qint16 k = 1; k <= s.fogli.NumeroOperazioni; k = somma16(k, 1)) {
             const QString &riga = voce(s.fogli.RigheScheda, k);
             posiziona(p, 1000, YRigaScheda(k));

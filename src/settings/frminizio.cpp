@@ -10,12 +10,14 @@
 #include "ui/schermi.h"
 
 #include <QAction>
+#include <QActionGroup>
 #include <QCloseEvent>
 #include <QCoreApplication>
 #include <QFrame>
 #include <QGroupBox>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QMenu>
 #include <QMenuBar>
 #include <QMouseEvent>
 #include <QPushButton>
@@ -229,6 +231,28 @@ void FrmInizio::costruisciMenu()
 {
     QMenuBar *barra = menuBar();
     barra->setFont(FontArial(12));
+    // Every topic by its names: the level stepper only cycles the first three.
+    mnuArgomento_ = barra->addMenu(QStringLiteral("&Argomento"));
+    mnuArgomento_->setObjectName(QStringLiteral("mnuArgomento"));
+    mnuArgomento_->setFont(FontArial(12));
+    auto *argomenti = new QActionGroup(mnuArgomento_);
+    // Optional: a level with no topic, read from the file, checks none.
+    argomenti->setExclusionPolicy(QActionGroup::ExclusionPolicy::ExclusiveOptional);
+    for (qint16 n = 1; !NomiArgomento(n).isEmpty(); ++n) {
+        QAction *a = mnuArgomento_->addAction(NomiArgomento(n).trimmed());
+        a->setObjectName(QStringLiteral("mnuArgomento(%1)").arg(n));
+        a->setCheckable(true);
+        argomenti->addAction(a);
+        connect(a, &QAction::triggered, this, [this, n] { confine([&] { impostaLivello(n); }); });
+    }
+    // Opened from the keyboard as if its title had been clicked: the arrows
+    // and Enter then choose.
+    auto *apriArgomento = new QAction(this);
+    apriArgomento->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_L));
+    addAction(apriArgomento);
+    connect(apriArgomento, &QAction::triggered, this,
+            [this, barra] { barra->setActiveAction(mnuArgomento_->menuAction()); });
+
     mnuSchede_ = barra->addAction(QStringLiteral("Stampa schede"));
     mnuSchede_->setObjectName(QStringLiteral("mnuSchede"));
     auto *istruzioni = barra->addAction(QStringLiteral("Istruzioni"));
@@ -299,6 +323,9 @@ void FrmInizio::mostraTitoli()
     for (int i = 0; i < 3; ++i)
         label6_[i]->setText(t.Label6[std::size_t(i)]);
     mnuSchede_->setText(t.mnuSchede);
+    const auto voci = mnuArgomento_->actions();
+    for (qsizetype i = 0; i < voci.size(); ++i)
+        voci[i]->setChecked(i + 1 == stato_.settings.Livello);
 }
 
 void FrmInizio::mostraCifre()
@@ -364,6 +391,13 @@ void FrmInizio::azione(int i)
 {
     switch (i) {
     case 0:
+        // An exercise with no kind has no question and no pad to leave it by:
+        // the pupil is sent back to the kind row instead.
+        if (stato_.settings.TipoEsercizio == 0) {
+            frame_[1]->setEnabled(true);
+            righe_[1]->bottone(0)->setFocus();
+            break;
+        }
         if (IScreens *schermi = stato_.servizi.schermi)
             schermi->apri(Schermo::Operativo);
         break;
@@ -402,10 +436,16 @@ void FrmInizio::esci()
 
 void FrmInizio::passoLivello()
 {
+    qint16 livello = somma16(stato_.settings.Livello, 1);
+    if (livello == 4)
+        livello = 1;
+    impostaLivello(livello);
+}
+
+void FrmInizio::impostaLivello(qint16 livello)
+{
     Settings &s = stato_.settings;
-    s.Livello = somma16(s.Livello, 1);
-    if (s.Livello == 4)
-        s.Livello = 1;
+    s.Livello = livello;
     label3_->setText(QString::number(s.Livello));
     ScriviLivelli(s);
     SceltaSimboli(s.Livello, stato_.topic, stato_.titoli);

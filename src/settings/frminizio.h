@@ -12,6 +12,7 @@ class QFrame;
 class QGroupBox;
 class QKeyEvent;
 class QLabel;
+class QMenu;
 class QTimer;
 class RigaOpzioni;
 struct Stato;
@@ -36,6 +37,8 @@ public:
     void azione(int i);
     void passoLivello();
     void passoCifre();
+    // Installs topic `livello` as the stepper does, wherever it stands.
+    void impostaLivello(qint16 livello);
 
 protected:
     void changeEvent(QEvent *e) override;
@@ -66,6 +69,7 @@ private:
     QFrame *picture1_ = nullptr, *picture2_ = nullptr;
     QTimer *timerTendine_ = nullptr;
     QAction *mnuSchede_ = nullptr;
+    QMenu *mnuArgomento_ = nullptr;
     QObject *doppioClic_ = nullptr; // the label whose double click is under way
     bool uscita_ = false;
 };

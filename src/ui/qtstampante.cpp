@@ -147,13 +147,31 @@ void QtPrinter::iniziaPagina()
     }
 }
 
-void QtPrinter::print(const QString &text)
+QFont QtPrinter::carattere() const
 {
-    iniziaPagina();
     QFont f(nomeFont_);
     f.setStyleHint(QFont::TypeWriter);
     f.setPointSizeF(punti_);
     f.setBold(grassetto_);
+    return f;
+}
+
+double QtPrinter::larghezzaStampabile()
+{
+    iniziaPagina();
+    return printer_->pageRect(QPrinter::DevicePixel).width();
+}
+
+double QtPrinter::larghezzaTesto(const QString &text)
+{
+    iniziaPagina();
+    return QFontMetricsF(carattere(), printer_.get()).horizontalAdvance(text);
+}
+
+void QtPrinter::print(const QString &text)
+{
+    iniziaPagina();
+    const QFont f = carattere();
     const QFontMetricsF fm(f, printer_.get());
     painter_->setFont(f);
     painter_->drawText(QPointF(x_, y_ + fm.ascent()), text);

@@ -8,6 +8,7 @@
 #include <QStringList>
 #include <memory>
 
+class QFont;
 class QPainter;
 class QPrinter;
 
@@ -27,6 +28,8 @@ public:
     void setCurrentX(double twips) override { x_ = twips; }
     void setCurrentY(double twips) override { y_ = twips; }
     void print(const QString &text) override;
+    double larghezzaStampabile() override;
+    double larghezzaTesto(const QString &text) override;
     void endDoc() override;
 
     QStringList printers() override;
@@ -50,6 +53,7 @@ public:
 
 private:
     void iniziaPagina();
+    QFont carattere() const;
     void mostraPdf(const QString &file);
 
     std::unique_ptr<QPrinter> printer_;

@@ -29,6 +29,10 @@ public:
     virtual void setCurrentX(double twips) = 0;
     virtual void setCurrentY(double twips) = 0;
     virtual void print(const QString &text) = 0; // text, then end of line
+    // In twips: the width of the printable area, and of a text in the
+    // current font. Either may begin the page.
+    virtual double larghezzaStampabile() = 0;
+    virtual double larghezzaTesto(const QString &text) = 0;
     virtual void endDoc() = 0;                   // sends the page; throws ErroreStampa
 
     // Installed printers by device name, in the system's order.
@@ -38,8 +42,8 @@ public:
     // Makes an installed printer the current one until the program ends.
     virtual void setCurrentPrinter(const QString &name) = 0;
 
-    // The name of the next document, without extension (NomeFile + "Esercizio"
-    // or NomeFile + "Scheda"); a device that has to write the page to a file
-    // of its own names the file after it.
+    // The name of the next document, without extension (NomeFile +
+    // "Esercizio", "SchedaAlunni" or "SchedaDocenti"); a device that has to
+    // write the page to a file of its own names the file after it.
     virtual void setDocumentName(const QString &name) { (void)name; }
 };

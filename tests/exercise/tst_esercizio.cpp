@@ -195,6 +195,11 @@ private slots:
         QTest::newRow("cancel to empty, then on empty") << "5 Backspace Backspace" << "?" << 0 << inizio;
         // "Esci" is disabled until the item ends: E cannot reach it.
         QTest::newRow("V and E move, F2 and other keys do nothing") << "3 F2 X E V" << "3" << 12 << conVerifica;
+        // A retry empties the answer, and its comma with it.
+        QTest::newRow("retry after a comma and NO") << "1 , 5 V Return N Return 3 , 5" << "3,5" << 0 << conVerifica;
+        // After a correction only "Avanti" and "Esci" act, from the keyboard too.
+        QTest::newRow("corrected: typed keys edit nothing") << "1 V Return S Return 5 , Backspace V" << "1" << 13 << QList<int>{13, 14};
+        QTest::newRow("corrected: V Return cannot verify again") << "1 V Return S Return 5 V Return" << "?" << 0 << inizio;
     }
     void inserimento()
     {

@@ -14,6 +14,9 @@ public:
     // Failures: print() throws once this many lines have gone (-1 never);
     // endDoc() throws when erroreFine is set.
     int stampeRiuscite = -1;
+    // The printable width in twips (an A4 sheet, edge to edge) and a face
+    // of fixed pitch: 0.6 em, 12 twips a point for each character.
+    double larghezza = 11906;
     bool erroreFine = false;
 
     // Every line as "x y font size[b] |text|", and "fine <document>" for a
@@ -41,6 +44,8 @@ public:
         y += dimensione * 24;
         x = 0;
     }
+    double larghezzaStampabile() override { return larghezza; }
+    double larghezzaTesto(const QString &text) override { return double(text.size()) * dimensione * 12; }
     void endDoc() override
     {
         if (erroreFine)

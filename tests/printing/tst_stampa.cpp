@@ -207,11 +207,51 @@ private slots:
             attese << QStringLiteral("1000 %1 %2 %3 |%4|").arg(yRiga(tipo, k))
                           .arg(es ? font : QStringLiteral("Courier New"), es ? "10b" : tipo == 1 ? "12" : "10", riga(es ? 'E' : 'S', k));
         if (detto.isEmpty())
-            attese << (es ? "fine provaEsercizio" : "fine provaScheda");
+            attese << (es ? "fine provaEsercizio" : tipo == 1 ? "fine provaSchedaAlunni" : "fine provaSchedaDocenti");
         QCOMPARE(m_->stampante.pagina.mid(stampate ? 3 - es : 0), attese);
         QCOMPARE(m_->messaggi.mostrati, detto.isEmpty() ? QStringList() : QStringList{detto});
         // The exercise's loop runs on the shared counter: the record file counts on where it stops.
         QCOMPARE(m_->stato.fogli.NumeroOperazioni, qint16(righe + (es && stampate)));
+    }
+
+    // Lines print at the largest size, up to the usual 10 (12 for pupils'
+    // sheets), in tenths of a point, at which the longest printed one ends
+    // inside the page: 12 twips a point for each character on the recording
+    // printer, from x = 1000 to its width. Here line 20 is the long one.
+    void dimensioni_data()
+    {
+        QTest::addColumn<int>("tipo");
+        QTest::addColumn<int>("ridotta");
+        QTest::addColumn<int>("lunga");      // characters of line 20
+        QTest::addColumn<double>("pagina");  // printable width, twips
+        QTest::addColumn<QString>("dimensione");
+        const double a4 = 11906, letter = 12240;
+        QTest::newRow("exercise, 90 characters fit at 10") << 0 << 0 << 90 << a4 << "10b";
+        QTest::newRow("exercise, 91 characters") << 0 << 0 << 91 << a4 << "9.9b";
+        QTest::newRow("exercise, a record line on A4") << 0 << 0 << 107 << a4 << "8.4b";
+        QTest::newRow("exercise, a record line on Letter") << 0 << 0 << 107 << letter << "8.7b";
+        QTest::newRow("exercise reduced: line 20 is not printed") << 0 << 1 << 107 << a4 << "10b";
+        QTest::newRow("pupils, 75 characters fit at 12") << 1 << 0 << 75 << a4 << "12";
+        QTest::newRow("pupils, 76 characters") << 1 << 0 << 76 << a4 << "11.9";
+        QTest::newRow("teachers, 91 characters") << 2 << 0 << 91 << a4 << "9.9";
+    }
+    void dimensioni()
+    {
+        QFETCH(int, tipo);
+        QFETCH(int, lunga);
+        QFETCH(QString, dimensione);
+        QFETCH(double, pagina);
+        QFETCH(int, ridotta);
+        m_->stampante.larghezza = pagina;
+        m_->stato.record.NumeroEsercizio = m_->stato.fogli.NumeroOperazioni = 20;
+        m_->stato.fogli.StampaRidotta = qint16(ridotta);
+        m_->stato.record.riga(20) = riga('E', 20).leftJustified(lunga, u'.');
+        m_->stato.fogli.RigheScheda[20] = riga('S', 20).leftJustified(lunga, u'.');
+        tipo ? StampaScheda(m_->stato, qint16(tipo), {}, {}) : StampaEsercizio(m_->stato);
+        const QStringList righe = m_->stampante.pagina.filter(QRegularExpression(QStringLiteral("\\|[ES]\\d\\d")));
+        QCOMPARE(righe.size(), ridotta ? 10 : 20);
+        for (const QString &r : righe)
+            QCOMPARE(r.section(u' ', 4, 4), dimensione);
     }
 
     // The printout screen shows the lines in the printer's face, counts the
@@ -236,24 +276,29 @@ private slots:
         QCOMPARE(m_->schermi.chiamate, "apri Operativo, chiudi StampaEsercizio");
     }
 
-    // The real device writing a PDF, as with no printer installed: the
-    // viewer shows it, or the user is told where it is; a PDF that cannot be
-    // written is a printer error like any other. Each line lies within a
-    // point of its twips from the printable area's corner.
+    // The real device writing a PDF, as with no printer installed: one file
+    // for each kind of page; the viewer shows it, or the user is told where it
+    // is; a PDF that cannot be written is a printer error like any other.
+    // Each line lies within a point of its twips from the printable area's
+    // corner, and every word of it inside that area.
     void paginaPdf_data()
     {
+        QTest::addColumn<int>("tipo"); // 0 the exercise, 1 pupils' worksheet, 2 teachers'
         QTest::addColumn<QString>("visualizzatore");
         QTest::addColumn<bool>("bloccato"); // a folder stands where the file goes
         QTest::addColumn<QString>("detto");
         const QString file = QDir::current().absoluteFilePath(QStringLiteral("provaEsercizio.pdf"));
         const QString dove = QStringLiteral("Nessuna stampante installata: la pagina è stata salvata nel file\n") + file + " | Stampa";
-        QTest::newRow("the viewer shows it") << "true" << false << "";
-        QTest::newRow("the viewer gives up") << "false" << false << dove;
-        QTest::newRow("no viewer") << "/no/such/viewer" << false << dove;
-        QTest::newRow("cannot be written") << "true" << true << "Impossibile scrivere il file " + file + ".";
+        QTest::newRow("the viewer shows it") << 0 << "true" << false << "";
+        QTest::newRow("the viewer gives up") << 0 << "false" << false << dove;
+        QTest::newRow("no viewer") << 0 << "/no/such/viewer" << false << dove;
+        QTest::newRow("cannot be written") << 0 << "true" << true << "Impossibile scrivere il file " + file + ".";
+        QTest::newRow("pupils' sheet") << 1 << "true" << false << "";
+        QTest::newRow("teachers' sheet") << 2 << "true" << false << "";
     }
     void paginaPdf()
     {
+        QFETCH(int, tipo);
         QFETCH(QString, visualizzatore);
         QFETCH(bool, bloccato);
         QFETCH(QString, detto);
@@ -264,12 +309,17 @@ private slots:
         qt.setVisualizzatore(visualizzatore);
         qt.setMessaggi(&m_->messaggi);
         m_->stato.servizi.stampante = &qt;
-        m_->stato.record.NumeroEsercizio = 20;
-        const QString pdf = QDir::current().absoluteFilePath(QStringLiteral("provaEsercizio.pdf"));
+        m_->stato.record.NumeroEsercizio = m_->stato.fogli.NumeroOperazioni = 20;
+        // As long as record lines and keys: "E07 ... F07  (sec.  12)", "S07 ... T07".
+        for (int k = 1; k <= 20; ++k) {
+            m_->stato.record.riga(k) = riga('E', k) + QString(92, u' ') + riga('F', k) + QStringLiteral("  (sec.  12)");
+            m_->stato.fogli.RigheScheda[std::size_t(k)] = riga('S', k) + QString(66, u' ') + riga('T', k);
+        }
+        const QString pdf = QDir::current().absoluteFilePath(QStringList{"provaEsercizio.pdf", "provaSchedaAlunni.pdf", "provaSchedaDocenti.pdf"}[tipo]);
         QFile::remove(pdf);
         QVERIFY(QDir(pdf).removeRecursively() && (!bloccato || QDir().mkdir(pdf)));
         try {
-            StampaEsercizio(m_->stato);
+            tipo ? StampaScheda(m_->stato, qint16(tipo), {}, {}) : StampaEsercizio(m_->stato);
         } catch (const ErroreStampa &e) {
             m_->messaggi.mostra(e.testo(), {}, {});
         }
@@ -282,23 +332,27 @@ private slots:
         QProcess pt;
         pt.start(QStringLiteral("pdftotext"), {QStringLiteral("-bbox"), pdf, QStringLiteral("-")});
         QVERIFY(pt.waitForFinished(30000));
-        static const QRegularExpression re(QStringLiteral(R"re(<word xMin="([\d.]+)" yMin="([\d.]+)"[^>]*>([^<]*)</word>)re"));
-        QMap<QString, QPointF> trovate; // first place of each word, points from the page's top-left
-        for (const auto &m : re.globalMatch(QString::fromUtf8(pt.readAllStandardOutput())))
-            if (!trovate.contains(m.captured(3)))
-                trovate.insert(m.captured(3), {m.captured(1).toDouble(), m.captured(2).toDouble()});
+        static const QRegularExpression re(QStringLiteral(R"re(<word xMin="([\d.]+)" yMin="([\d.]+)" xMax="([\d.]+)"[^>]*>([^<]*)</word>)re"));
         QPrinter pr(QPrinter::HighResolution);
         pr.setOutputFormat(QPrinter::PdfFormat);
-        const QPointF origine = pr.pageLayout().paintRect(QPageLayout::Point).topLeft();
-        QMap<QString, QPointF> attesi{{"SCUOLA", {1000, 1000}}}; // twips
-        for (int k = 1; k <= 20; ++k)
-            attesi.insert(riga('E', k), QPointF(1000, yRiga(0, k)));
+        const QRectF area = pr.pageLayout().paintRect(QPageLayout::Point);
+        QMap<QString, QPointF> trovate; // first place of each word, points from the page's top-left
+        for (const auto &m : re.globalMatch(QString::fromUtf8(pt.readAllStandardOutput()))) {
+            QVERIFY2(m.captured(3).toDouble() <= area.right(), qPrintable(m.captured(4) + " runs off the page"));
+            if (!trovate.contains(m.captured(4)))
+                trovate.insert(m.captured(4), {m.captured(1).toDouble(), m.captured(2).toDouble()});
+        }
+        QMap<QString, QPointF> attesi{{tipo ? "Classe" : "SCUOLA", QPointF(1000, tipo ? 900 : 1000)}}; // twips
+        for (int k = 1; k <= 20; ++k) {
+            attesi.insert(riga(tipo ? 'S' : 'E', k), QPointF(1000, yRiga(tipo, k)));
+            QVERIFY2(trovate.contains(riga(tipo ? 'T' : 'F', k)), "a line lost its end");
+        }
         for (auto it = attesi.cbegin(); it != attesi.cend(); ++it) {
-            const QPointF d = trovate.value(it.key(), {-1e6, -1e6}) - origine - it.value() / 20.0; // missing: far off
+            const QPointF d = trovate.value(it.key(), {-1e6, -1e6}) - area.topLeft() - it.value() / 20.0; // missing: far off
             QVERIFY2(qAbs(d.x()) <= 1 && qAbs(d.y()) <= 1, qPrintable(QStringLiteral("%1 off by (%2, %3) pt").arg(it.key()).arg(d.x()).arg(d.y())));
         }
         // The second header line follows the first by one line of the device.
-        QVERIFY(trovate["Componi"].y() - trovate["SCUOLA"].y() > 14);
+        QVERIFY(tipo || trovate["Componi"].y() - trovate["SCUOLA"].y() > 14);
     }
 
     // The first combo click of the run comes from the screen's own opening
@@ -318,6 +372,14 @@ private slots:
         apri<frmSceltaStampante>();
         f = static_cast<frmSceltaStampante *>(w_.get());
         QCOMPARE(f->Label1->text() + f->Label2->text(), predefinita + "Ufficio" + scelta + "Ufficio");
+        QVERIFY(!f->lblCartella->isVisible());
+        // With no printer the pages become PDF files: the screen says where.
+        m_->stampante.stampanti.clear();
+        apri<frmSceltaStampante>();
+        f = static_cast<frmSceltaStampante *>(w_.get());
+        QVERIFY(f->lblCartella->isVisible());
+        QCOMPARE(f->lblCartella->text().remove(QChar(0x200B)), "Nessuna stampante installata: le pagine diventano file PDF nella cartella \r\n" +
+                                                                  QDir::toNativeSeparators(QDir::currentPath()));
     }
 
     // Worksheets of thirty lines on a three- and a four-position topic, as

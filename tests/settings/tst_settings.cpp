@@ -1,6 +1,7 @@
 // The settings file, the start screen and the options panel that write it, and
 // the resizing the screens share.
 #include "fakes/cartella.h"
+#include "fakes/estrazioni.h"
 #include "fakes/mondo.h"
 #include "settings/filesettings.h"
 #include "settings/frminizio.h"
@@ -139,6 +140,9 @@ private slots:
         QTest::newRow("digits wrap") << QByteArray() << "click:Label7 click:lblCifre click:Label7"
                                      << QString("1" + uno).replace("1 cifra|9", "2 cifre|19") << k0;
         // The arrows never take the focus: space still steps the row it was on.
+        // Any topic from the menu, by keys; the stepper goes on from there and, above 3, does not wrap.
+        QTest::newRow("topic menu, then the stepper") << QByteArray() << "Ctrl+L Down*8 Return click:Label8"
+            << "10|1 cifra|9|SISTEMA METRICO: composizione|12640511|Stampa schede:  tonnellate,    quintali, miriagrammi, chilogrammi" << k0;
         QTest::newRow("double clicks step once, focus stays") << QByteArray() << "dclick:Label8 dclick:Label6(1) dclick:Label7 Space"
             << "3|2 cifre|19" + dec + "12640511|Stampa schede:  migliaia,    centinaia, decine, unità" << "Option1(1)";
     }
@@ -158,6 +162,13 @@ private slots:
             const Settings &s = m_->stato.settings;
             QCOMPARE(QStringList({testo("Label3"), testo("lblCifre"), QString::number(s.ValoreMassimo), f_->windowTitle(),
                                   s.ColoreSfondo, f_->findChild<QAction *>("mnuSchede")->text()}).join('|'), atteso);
+            // The topic menu: every names line, the installed topic checked.
+            QStringList menu, attese;
+            for (const QAction *a : f_->findChild<QMenu *>("mnuArgomento")->actions())
+                menu << (a->isChecked() ? "* " : "") + a->text();
+            for (int n = 1; n <= 12; ++n)
+                attese << (n == s.Livello ? "* " : "") + argomento(n).value(5).trimmed();
+            QCOMPARE(menu, attese);
         }
         QCOMPARE(QFile::exists(datInizio()), !file.isEmpty() || !script.isEmpty());
     }
@@ -181,6 +192,8 @@ private slots:
         QTest::newRow("mouse kind, then keys") << "click:Option1(2) click:Option2(0) click:Option3(1) Return Return"
                                                << "Option2(0)" << "11| Trova il numero||10" << "";
         // The options panel is not closed: left open, it keeps the program alive.
+        // "1" moves on without a kind: "Vai" sends the pupil back to choose one.
+        QTest::newRow("Vai with no kind") << "1 Return Return" << "Option1(0)" << "01|| Usa i simboli ordinati|11" << "";
         QTest::newRow("Esci") << "click:Option3(2)" << "Option3(2)" << "00|||00"
                               << "chiudi Autore, chiudi Inizio, chiudi Operativo, chiudi SceltaStampante, "
                                  "chiudi StampaEsercizio, chiudi Schede";
