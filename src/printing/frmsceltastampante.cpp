@@ -51,7 +51,7 @@ frmSceltaStampante::frmSceltaStampante(Stato &stato, QWidget *parent)
     // place tells where the pages go instead.
     lblCartella = new QLabel(this);
     lblCartella->setObjectName(QStringLiteral("lblCartella"));
-    lblCartella->setGeometry(Label2->geometry());
+    lblCartella->setGeometry(30, 130, 360, 76); // four lines, the path's own among them
     lblCartella->setWordWrap(true);
     lblCartella->setTextInteractionFlags(Qt::TextSelectableByMouse);
     lblCartella->hide();
