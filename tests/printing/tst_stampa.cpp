@@ -160,7 +160,10 @@ private slots:
 
     // The font is the first of "Courier New" and "Courier" the printer lists,
     // by exact name; with neither, nothing is printed and the user is told.
-    // A worksheet tells of any failure (here a line past the buffer).
+    // A worksheet tells of any failure (here a line past the buffer). Lines
+    // print at the largest size, up to 10 (12 on pupils' sheets) in tenths of
+    // a point, at which the longest printed one ends inside the page: 12
+    // twips a point a character on the recording printer, from x = 1000.
     void stampe_data()
     {
         QTest::addColumn<int>("tipo"); // 0 the exercise, 1 pupils' worksheet, 2 teachers'
@@ -170,19 +173,30 @@ private slots:
         QTest::addColumn<QString>("font");
         QTest::addColumn<int>("stampate");
         QTest::addColumn<QString>("detto");
+        QTest::addColumn<int>("lunga");     // characters of line 20 (0: as it is)
+        QTest::addColumn<double>("pagina"); // printable width, twips
+        QTest::addColumn<QString>("dimensione");
         const QStringList cn{"Arial", "Courier New"}, simili{"courier new", "COURIER", "Courier ", " Courier New",
                                                               "Courier New Bold", "Courier 10 Pitch", "DejaVu Sans Mono"};
-        const QString senza = "Devi installare il font Courier o il font Courier New";
-        QTest::newRow("exercise, 10") << 0 << 10 << 0 << cn << "Courier New" << 10 << "";
-        QTest::newRow("exercise, 20 reduced") << 0 << 20 << 1 << cn << "Courier New" << 10 << "";
-        QTest::newRow("exercise, 30, flag 2 is not reduced") << 0 << 30 << 2 << QStringList{"Courier", "Arial", "Courier New"} << "Courier" << 30 << "";
-        QTest::newRow("exercise, no font") << 0 << 20 << 0 << simili << "" << 0 << senza;
-        QTest::newRow("pupils, 10") << 1 << 10 << 0 << cn << "Courier New" << 10 << "";
-        QTest::newRow("teachers, 20") << 2 << 20 << 0 << QStringList{"Courier New", "Courier"} << "Courier New" << 20 << "";
-        QTest::newRow("pupils, 30, Courier") << 1 << 30 << 0 << QStringList{"Courier"} << "Courier" << 30 << "";
-        QTest::newRow("pupils, no font") << 1 << 30 << 0 << simili << "" << 0 << senza;
-        QTest::newRow("pupils, 61: no line 61") << 1 << 61 << 0 << cn << "Courier New" << 60
-                                                << "Problema di stampa nella stampante utilizzata.";
+        const QString senza = "Devi installare il font Courier o il font Courier New", c = "Courier New";
+        const double a4 = 11906, letter = 12240;
+        QTest::newRow("exercise, 10") << 0 << 10 << 0 << cn << c << 10 << "" << 0 << a4 << "10b";
+        QTest::newRow("exercise, 20 reduced") << 0 << 20 << 1 << cn << c << 10 << "" << 0 << a4 << "10b";
+        QTest::newRow("exercise, 30, flag 2 is not reduced") << 0 << 30 << 2 << QStringList{"Courier", "Arial", c} << "Courier" << 30 << "" << 0 << a4 << "10b";
+        QTest::newRow("exercise, no font") << 0 << 20 << 0 << simili << "" << 0 << senza << 0 << a4 << "";
+        QTest::newRow("pupils, 10") << 1 << 10 << 0 << cn << c << 10 << "" << 0 << a4 << "12";
+        QTest::newRow("teachers, 20") << 2 << 20 << 0 << QStringList{c, "Courier"} << c << 20 << "" << 0 << a4 << "10";
+        QTest::newRow("pupils, 30, Courier") << 1 << 30 << 0 << QStringList{"Courier"} << "Courier" << 30 << "" << 0 << a4 << "12";
+        QTest::newRow("pupils, no font") << 1 << 30 << 0 << simili << "" << 0 << senza << 0 << a4 << "";
+        QTest::newRow("pupils, 61: no line 61") << 1 << 61 << 0 << cn << c << 60 << "Problema di stampa nella stampante utilizzata." << 0 << a4 << "12";
+        QTest::newRow("exercise, 90 characters fit at 10") << 0 << 20 << 0 << cn << c << 20 << "" << 90 << a4 << "10b";
+        QTest::newRow("exercise, 91 characters") << 0 << 20 << 0 << cn << c << 20 << "" << 91 << a4 << "9.9b";
+        QTest::newRow("exercise, a record line on A4") << 0 << 20 << 0 << cn << c << 20 << "" << 107 << a4 << "8.4b";
+        QTest::newRow("exercise, a record line on Letter") << 0 << 20 << 0 << cn << c << 20 << "" << 107 << letter << "8.7b";
+        QTest::newRow("exercise reduced: line 20 is not printed") << 0 << 20 << 1 << cn << c << 10 << "" << 107 << a4 << "10b";
+        QTest::newRow("pupils, 75 characters fit at 12") << 1 << 20 << 0 << cn << c << 20 << "" << 75 << a4 << "12";
+        QTest::newRow("pupils, 76 characters") << 1 << 20 << 0 << cn << c << 20 << "" << 76 << a4 << "11.9";
+        QTest::newRow("teachers, 91 characters") << 2 << 20 << 0 << cn << c << 20 << "" << 91 << a4 << "9.9";
     }
     void stampe()
     {
@@ -193,10 +207,16 @@ private slots:
         QFETCH(QString, detto);
         QFETCH(int, ridotta);
         QFETCH(QStringList, fonts);
+        QFETCH(int, lunga);
+        QFETCH(QString, dimensione);
+        QFETCH(double, pagina);
         m_->stampante.fonts = fonts;
+        m_->stampante.larghezza = pagina;
         m_->stato.record.NumeroEsercizio = m_->stato.fogli.NumeroOperazioni = qint16(righe);
         m_->stato.fogli.StampaRidotta = qint16(ridotta);
         const bool es = tipo == 0;
+        QString &r20 = es ? m_->stato.record.riga(20) : m_->stato.fogli.RigheScheda[20];
+        r20 = r20.leftJustified(lunga, u'.');
         m_->stampante.grassetto = true; // the device keeps the font the last document left: each starts plain
         es ? StampaEsercizio(m_->stato) : StampaScheda(m_->stato, qint16(tipo), QStringLiteral("Trova il numero"), QStringLiteral("Simboli ordinati"));
         // The header, every line of it in its place, is in the pages of
@@ -205,53 +225,13 @@ private slots:
         QStringList attese;
         for (int k = 1; k <= stampate; ++k)
             attese << QStringLiteral("1000 %1 %2 %3 |%4|").arg(yRiga(tipo, k))
-                          .arg(es ? font : QStringLiteral("Courier New"), es ? "10b" : tipo == 1 ? "12" : "10", riga(es ? 'E' : 'S', k));
+                          .arg(es ? font : QStringLiteral("Courier New"), dimensione, k == 20 ? r20 : riga(es ? 'E' : 'S', k));
         if (detto.isEmpty())
             attese << (es ? "fine provaEsercizio" : tipo == 1 ? "fine provaSchedaAlunni" : "fine provaSchedaDocenti");
         QCOMPARE(m_->stampante.pagina.mid(stampate ? 3 - es : 0), attese);
         QCOMPARE(m_->messaggi.mostrati, detto.isEmpty() ? QStringList() : QStringList{detto});
         // The exercise's loop runs on the shared counter: the record file counts on where it stops.
         QCOMPARE(m_->stato.fogli.NumeroOperazioni, qint16(righe + (es && stampate)));
-    }
-
-    // Lines print at the largest size, up to the usual 10 (12 for pupils'
-    // sheets), in tenths of a point, at which the longest printed one ends
-    // inside the page: 12 twips a point for each character on the recording
-    // printer, from x = 1000 to its width. Here line 20 is the long one.
-    void dimensioni_data()
-    {
-        QTest::addColumn<int>("tipo");
-        QTest::addColumn<int>("ridotta");
-        QTest::addColumn<int>("lunga");      // characters of line 20
-        QTest::addColumn<double>("pagina");  // printable width, twips
-        QTest::addColumn<QString>("dimensione");
-        const double a4 = 11906, letter = 12240;
-        QTest::newRow("exercise, 90 characters fit at 10") << 0 << 0 << 90 << a4 << "10b";
-        QTest::newRow("exercise, 91 characters") << 0 << 0 << 91 << a4 << "9.9b";
-        QTest::newRow("exercise, a record line on A4") << 0 << 0 << 107 << a4 << "8.4b";
-        QTest::newRow("exercise, a record line on Letter") << 0 << 0 << 107 << letter << "8.7b";
-        QTest::newRow("exercise reduced: line 20 is not printed") << 0 << 1 << 107 << a4 << "10b";
-        QTest::newRow("pupils, 75 characters fit at 12") << 1 << 0 << 75 << a4 << "12";
-        QTest::newRow("pupils, 76 characters") << 1 << 0 << 76 << a4 << "11.9";
-        QTest::newRow("teachers, 91 characters") << 2 << 0 << 91 << a4 << "9.9";
-    }
-    void dimensioni()
-    {
-        QFETCH(int, tipo);
-        QFETCH(int, lunga);
-        QFETCH(QString, dimensione);
-        QFETCH(double, pagina);
-        QFETCH(int, ridotta);
-        m_->stampante.larghezza = pagina;
-        m_->stato.record.NumeroEsercizio = m_->stato.fogli.NumeroOperazioni = 20;
-        m_->stato.fogli.StampaRidotta = qint16(ridotta);
-        m_->stato.record.riga(20) = riga('E', 20).leftJustified(lunga, u'.');
-        m_->stato.fogli.RigheScheda[20] = riga('S', 20).leftJustified(lunga, u'.');
-        tipo ? StampaScheda(m_->stato, qint16(tipo), {}, {}) : StampaEsercizio(m_->stato);
-        const QStringList righe = m_->stampante.pagina.filter(QRegularExpression(QStringLiteral("\\|[ES]\\d\\d")));
-        QCOMPARE(righe.size(), ridotta ? 10 : 20);
-        for (const QString &r : righe)
-            QCOMPARE(r.section(u' ', 4, 4), dimensione);
     }
 
     // The printout screen shows the lines in the printer's face, counts the
@@ -376,10 +356,8 @@ private slots:
         // With no printer the pages become PDF files: the screen says where.
         m_->stampante.stampanti.clear();
         apri<frmSceltaStampante>();
-        f = static_cast<frmSceltaStampante *>(w_.get());
-        QVERIFY(f->lblCartella->isVisible());
-        QCOMPARE(f->lblCartella->text().remove(QChar(0x200B)), "Nessuna stampante installata: le pagine diventano file PDF nella cartella \r\n" +
-                                                                  QDir::toNativeSeparators(QDir::currentPath()));
+        QCOMPARE(ctl("lblCartella")->isVisible() ? testo("lblCartella").remove(QChar(0x200B)) : "",
+                 "Nessuna stampante installata: le pagine diventano file PDF nella cartella \r\n" + QDir::toNativeSeparators(QDir::currentPath()));
     }
 
     // Worksheets of thirty lines on a three- and a four-position topic, as
