@@ -182,7 +182,7 @@ private slots:
         const double a4 = 11906, letter = 12240;
         QTest::newRow("exercise, 10") << 0 << 10 << 0 << cn << c << 10 << "" << 0 << a4 << "10b";
         QTest::newRow("exercise, 20 reduced") << 0 << 20 << 1 << cn << c << 10 << "" << 0 << a4 << "10b";
-        QTest::newRow("exercise, 30, flag 2 is not reduced") << 0 << 30 << 2 << QStringList{"Courier", "Arial", c} << "Courier" << 30 << "" << 0 << a4 << "10b";
+        QTest::newRow("exercise, 30, flag 2 is not reduced: line 20 counts") << 0 << 30 << 2 << QStringList{"Courier", "Arial", c} << "Courier" << 30 << "" << 107 << a4 << "8.4b";
         QTest::newRow("exercise, no font") << 0 << 20 << 0 << simili << "" << 0 << senza << 0 << a4 << "";
         QTest::newRow("pupils, 10") << 1 << 10 << 0 << cn << c << 10 << "" << 0 << a4 << "12";
         QTest::newRow("teachers, 20") << 2 << 20 << 0 << QStringList{c, "Courier"} << c << 20 << "" << 0 << a4 << "10";

@@ -133,8 +133,8 @@ private slots:
                                         "|Stampa schede:  grammi,    decigrammi, centigrammi, milligrammi" << k0;
         QTest::newRow("appearance lines") << kAspetto << "" << QString("1" + uno).replace("12640511", "0") << k0;
         // No topic for this level: the titles stay as they were drawn, the menu follows them.
-        QTest::newRow("level without topic") << QByteArray(" 20  1 \r\n") << ""
-                                             << "20|1 cifra|9|COMPOSIZIONE|12640511|Stampa schede:  u   d c m" << k0;
+        QTest::newRow("level without topic") << QByteArray(" 13  1 \r\n") << ""
+                                             << "13|1 cifra|9|COMPOSIZIONE|12640511|Stampa schede:  u   d c m" << k0;
         QTest::newRow("level: arrow and titles, wraps after 3") << QByteArray()
             << "click:Label8 click:Label6(0) click:Label6(2) click:Label8" << "2|1 cifra|9" + dec + "12640511|Stampa schede: centinaia, decine, unità" << k0;
         QTest::newRow("digits wrap") << QByteArray() << "click:Label7 click:lblCifre click:Label7"
