@@ -232,26 +232,11 @@ void FrmInizio::costruisciMenu()
     QMenuBar *barra = menuBar();
     barra->setFont(FontArial(12));
     // Every topic by its names: the level stepper only cycles the first three.
-    mnuArgomento_ = barra->addMenu(QStringLiteral("&Argomento"));
+    // The list is made when first opened, so that start-up pays nothing for it.
+    mnuArgomento_ = barra->addAction(QStringLiteral("&Argomento"));
     mnuArgomento_->setObjectName(QStringLiteral("mnuArgomento"));
-    mnuArgomento_->setFont(FontArial(12));
-    auto *argomenti = new QActionGroup(mnuArgomento_);
-    // Optional: a level with no topic, read from the file, checks none.
-    argomenti->setExclusionPolicy(QActionGroup::ExclusionPolicy::ExclusiveOptional);
-    for (qint16 n = 1; !NomiArgomento(n).isEmpty(); ++n) {
-        QAction *a = mnuArgomento_->addAction(NomiArgomento(n).trimmed());
-        a->setObjectName(QStringLiteral("mnuArgomento(%1)").arg(n));
-        a->setCheckable(true);
-        argomenti->addAction(a);
-        connect(a, &QAction::triggered, this, [this, n] { confine([&] { impostaLivello(n); }); });
-    }
-    // Opened from the keyboard as if its title had been clicked: the arrows
-    // and Enter then choose.
-    auto *apriArgomento = new QAction(this);
-    apriArgomento->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_L));
-    addAction(apriArgomento);
-    connect(apriArgomento, &QAction::triggered, this,
-            [this, barra] { barra->setActiveAction(mnuArgomento_->menuAction()); });
+    mnuArgomento_->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_L));
+    connect(mnuArgomento_, &QAction::triggered, this, [this] { confine([this] { apriArgomenti(); }); });
 
     mnuSchede_ = barra->addAction(QStringLiteral("Stampa schede"));
     mnuSchede_->setObjectName(QStringLiteral("mnuSchede"));
@@ -323,9 +308,35 @@ void FrmInizio::mostraTitoli()
     for (int i = 0; i < 3; ++i)
         label6_[i]->setText(t.Label6[std::size_t(i)]);
     mnuSchede_->setText(t.mnuSchede);
-    const auto voci = mnuArgomento_->actions();
-    for (qsizetype i = 0; i < voci.size(); ++i)
-        voci[i]->setChecked(i + 1 == stato_.settings.Livello);
+    if (argomenti_) {
+        const auto voci = argomenti_->actions();
+        for (qsizetype i = 0; i < voci.size(); ++i)
+            voci[i]->setChecked(i + 1 == stato_.settings.Livello);
+    }
+}
+
+// Drops down under its title, by mouse or by keys alike; the arrows and Enter
+// then choose.
+void FrmInizio::apriArgomenti()
+{
+    if (!argomenti_) {
+        argomenti_ = new QMenu(this);
+        argomenti_->setObjectName(QStringLiteral("mnuArgomenti"));
+        argomenti_->setFont(FontArial(12));
+        auto *gruppo = new QActionGroup(argomenti_);
+        // Optional: a level with no topic, read from the file, checks none.
+        gruppo->setExclusionPolicy(QActionGroup::ExclusionPolicy::ExclusiveOptional);
+        for (qint16 n = 1; !NomiArgomento(n).isEmpty(); ++n) {
+            QAction *a = argomenti_->addAction(NomiArgomento(n).trimmed());
+            a->setObjectName(QStringLiteral("mnuArgomento(%1)").arg(n));
+            a->setCheckable(true);
+            gruppo->addAction(a);
+            connect(a, &QAction::triggered, this, [this, n] { confine([&] { impostaLivello(n); }); });
+        }
+        mostraTitoli();
+    }
+    QMenuBar *barra = menuBar();
+    argomenti_->popup(barra->mapToGlobal(barra->actionGeometry(mnuArgomento_).bottomLeft()));
 }
 
 void FrmInizio::mostraCifre()

@@ -51,6 +51,7 @@ private:
     void avvio();
     void mostraTitoli();
     void mostraCifre();
+    void apriArgomenti();
     void posaTendine();
     void reimposta();
     void esci();
@@ -69,7 +70,8 @@ private:
     QFrame *picture1_ = nullptr, *picture2_ = nullptr;
     QTimer *timerTendine_ = nullptr;
     QAction *mnuSchede_ = nullptr;
-    QMenu *mnuArgomento_ = nullptr;
+    QAction *mnuArgomento_ = nullptr;
+    QMenu *argomenti_ = nullptr; // made when first opened
     QObject *doppioClic_ = nullptr; // the label whose double click is under way
     bool uscita_ = false;
 };

@@ -352,7 +352,6 @@ private slots:
         apri<frmSceltaStampante>();
         f = static_cast<frmSceltaStampante *>(w_.get());
         QCOMPARE(f->Label1->text() + f->Label2->text(), predefinita + "Ufficio" + scelta + "Ufficio");
-        QVERIFY(!f->lblCartella->isVisible());
         // With no printer the pages become PDF files: the screen says where.
         m_->stampante.stampanti.clear();
         apri<frmSceltaStampante>();

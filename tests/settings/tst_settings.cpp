@@ -162,7 +162,8 @@ private slots:
             const Settings &s = m_->stato.settings;
             QCOMPARE(QStringList({testo("Label3"), testo("lblCifre"), QString::number(s.ValoreMassimo), f_->windowTitle(),
                                   s.ColoreSfondo, f_->findChild<QAction *>("mnuSchede")->text()}).join('|'), atteso);
-            const auto voci = f_->findChild<QMenu *>("mnuArgomento")->actions();
+            Utente{f_.get()}.esegui(QStringLiteral("Ctrl+L Escape")); // the topic menu is made when first opened
+            const auto voci = f_->findChild<QMenu *>("mnuArgomenti")->actions();
             QCOMPARE(voci.size(), 12);
             for (int n = 1; n <= 12; ++n) // the topic menu: every names line, the installed topic checked
                 QCOMPARE(std::pair(voci[n - 1]->text(), voci[n - 1]->isChecked()), std::pair(argomento(n).value(5).trimmed(), n == s.Livello));
