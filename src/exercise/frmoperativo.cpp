@@ -374,6 +374,8 @@ void frmOperativo::inCima(QWidget *w, const QList<QWidget *> &sovrapposti)
             altro->setVisible(false);
 }
 
+// A disabled key refuses the focus, so a key that only moves it to one acts
+// no more than the key would.
 void frmOperativo::fuoco(RigaOpzioni *riga, int i)
 {
     riga->bottone(i)->setFocus(Qt::OtherFocusReason);

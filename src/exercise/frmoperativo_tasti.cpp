@@ -107,9 +107,10 @@ void frmOperativo::azioneAvviso(int i)
 }
 
 // Digits are typed straight in; letters jump to a key or act at once; Enter
-// fires the key with the focus. Any other key is swallowed. A typed key is
-// only as good as the key it stands for: once the item is corrected, the
-// keyboard cannot edit or verify it again any more than the mouse can.
+// fires the key with the focus. Any other key is swallowed. A typed key that
+// edits is only as good as the key it stands for: once the item is
+// corrected, the keyboard cannot change it any more than the mouse can (the
+// keys that move the focus need no check: a disabled key never takes it).
 bool frmOperativo::tastoTastierino(int i, QKeyEvent *k)
 {
     bool accettato = true;
@@ -141,8 +142,7 @@ bool frmOperativo::tastoTastierino(int i, QKeyEvent *k)
             }
             break;
         case Qt::Key_V:
-            if (attivo(kVerifica))
-                fuoco(option2_, kVerifica);
+            fuoco(option2_, kVerifica);
             break;
         case Qt::Key_A:
             NuovoEsercizio();
@@ -175,15 +175,15 @@ bool frmOperativo::tastoSimboli(int i, QKeyEvent *k)
             return;
         }
         if (c >= 0 && c <= 3) {
-            if (option1_->bottone(c)->isEnabled())
-                fuoco(option1_, c);
+            fuoco(option1_, c);
             return;
         }
-        // "V" looks at "Avanti" too: it only works once the item can be left.
+        // "V" looks at "Avanti", not at "Verifica": it only works once the
+        // item can be left.
         const bool avanti = option1_->bottone(kAvantiS)->isEnabled();
         switch (k->key()) {
         case Qt::Key_V:
-            if (avanti && option1_->bottone(kVerificaS)->isEnabled())
+            if (avanti)
                 fuoco(option1_, kVerificaS);
             break;
         case Qt::Key_N:

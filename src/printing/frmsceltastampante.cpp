@@ -61,13 +61,11 @@ frmSceltaStampante::frmSceltaStampante(Stato &stato, QWidget *parent)
         MostraPredefinita();
     });
     if (Combo1->count() == 0) {
-        const QString cartella = QDir::toNativeSeparators(QDir::currentPath());
+        const QString testo = QStringLiteral("Nessuna stampante installata: le pagine diventano file PDF nella cartella ") +
+                              aCapo + QDir::toNativeSeparators(QDir::currentPath());
+        lblCartella->setAccessibleName(testo);
         // A path has no blanks to wrap at: it may break after any separator.
-        QString spezzabile = cartella;
-        spezzabile.replace(QDir::separator(), QString(QDir::separator()) + QChar(0x200B));
-        lblCartella->setText(QStringLiteral("Nessuna stampante installata: le pagine diventano file PDF nella cartella ") +
-                             aCapo + spezzabile);
-        lblCartella->setAccessibleName(lblCartella->text().remove(QChar(0x200B)));
+        lblCartella->setText(QString(testo).replace(QDir::separator(), QString(QDir::separator()) + QChar(0x200B)));
         lblCartella->show();
     }
 }

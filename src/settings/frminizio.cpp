@@ -308,11 +308,16 @@ void FrmInizio::mostraTitoli()
     for (int i = 0; i < 3; ++i)
         label6_[i]->setText(t.Label6[std::size_t(i)]);
     mnuSchede_->setText(t.mnuSchede);
-    if (argomenti_) {
-        const auto voci = argomenti_->actions();
-        for (qsizetype i = 0; i < voci.size(); ++i)
-            voci[i]->setChecked(i + 1 == stato_.settings.Livello);
-    }
+    spuntaArgomento();
+}
+
+void FrmInizio::spuntaArgomento()
+{
+    if (!argomenti_)
+        return;
+    const auto voci = argomenti_->actions();
+    for (qsizetype i = 0; i < voci.size(); ++i)
+        voci[i]->setChecked(i + 1 == stato_.settings.Livello);
 }
 
 // Drops down under its title, by mouse or by keys alike; the arrows and Enter
@@ -333,7 +338,7 @@ void FrmInizio::apriArgomenti()
             gruppo->addAction(a);
             connect(a, &QAction::triggered, this, [this, n] { confine([&] { impostaLivello(n); }); });
         }
-        mostraTitoli();
+        spuntaArgomento();
     }
     QMenuBar *barra = menuBar();
     argomenti_->popup(barra->mapToGlobal(barra->actionGeometry(mnuArgomento_).bottomLeft()));

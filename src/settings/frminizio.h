@@ -37,8 +37,6 @@ public:
     void azione(int i);
     void passoLivello();
     void passoCifre();
-    // Installs topic `livello` as the stepper does, wherever it stands.
-    void impostaLivello(qint16 livello);
 
 protected:
     void changeEvent(QEvent *e) override;
@@ -52,6 +50,9 @@ private:
     void mostraTitoli();
     void mostraCifre();
     void apriArgomenti();
+    void spuntaArgomento(); // checks the installed topic in the menu, once made
+    // Installs topic `livello` as the stepper does, wherever it stands.
+    void impostaLivello(qint16 livello);
     void posaTendine();
     void reimposta();
     void esci();
