@@ -4,7 +4,7 @@
 #include "content/catalogo.h"
 #include "exercise/frmoperativo.h"
 #include "fakes/fakes.h"
-#include "settings/stato.h"
+#include "stato/stato.h"
 #include "ui/rigaopzioni.h"
 
 #include <QApplication>

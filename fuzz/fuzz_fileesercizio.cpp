@@ -2,7 +2,7 @@
 // sheet line can live, and reads the same whether the bytes come in one
 // block or a few at a time.
 #include "printing/fileesercizio.h"
-#include "settings/stato.h"
+#include "stato/stato.h"
 
 #include <QBuffer>
 #include <algorithm>

@@ -3,8 +3,8 @@
 #include "app/frmautore.h"
 #include "settings/frminizio.h"
 #include "settings/frmopzioni.h"
-#include "settings/resizecolore.h"
-#include "settings/stato.h"
+#include "ui/resizecolore.h"
+#include "stato/stato.h"
 
 #include <QDialog>
 #include <QEvent>

@@ -3,7 +3,7 @@
 // services and the screens. main runs it; bench/bench_avvio measures the
 // start-up and memory of the executable that does.
 #include "app/gestoreschermi.h"
-#include "settings/stato.h"
+#include "stato/stato.h"
 #include "ui/alsasuono.h"
 #include "ui/qtpiattaforma.h"
 #include "ui/qtstampante.h"

@@ -4,7 +4,7 @@
 #include "content/errori.h"
 #include "content/piattaforma.h"
 #include "exercise/calcolaspazi.h"
-#include "settings/stato.h"
+#include "stato/stato.h"
 #include "ui/confine.h"
 #include "ui/rigaopzioni.h"
 #include "ui/schermi.h"

@@ -4,7 +4,7 @@
 // keyboard or one switch, verified at once, helped, timed and written as one
 // fixed-pitch line into the exercise record.
 #include "exercise/risposta.h"
-#include "settings/resizecolore.h"
+#include "ui/resizecolore.h"
 #include <QMainWindow>
 
 class QColor;

@@ -4,8 +4,8 @@
 
 #include "exercise/calcolaspazi.h"
 #include "exercise/lineabarra.h"
-#include "settings/coloriopzioni.h"
-#include "settings/stato.h"
+#include "ui/coloriopzioni.h"
+#include "stato/stato.h"
 #include "ui/caratteri.h"
 #include "ui/confine.h"
 #include "ui/rigaopzioni.h"

@@ -1,6 +1,6 @@
 #include "printing/fileesercizio.h"
 #include "content/piattaforma.h"
-#include "settings/stato.h"
+#include "stato/stato.h"
 
 #include <QFile>
 #include <QFileInfo>

@@ -1,5 +1,5 @@
 #include "printing/frmsceltastampante.h"
-#include "settings/stato.h"
+#include "stato/stato.h"
 #include "ui/confine.h"
 #include "ui/schermi.h"
 #include "ui/stampante.h"

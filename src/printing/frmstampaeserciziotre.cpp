@@ -4,7 +4,7 @@
 #include "content/piattaforma.h"
 #include "printing/fileesercizio.h"
 #include "printing/stampa.h"
-#include "settings/stato.h"
+#include "stato/stato.h"
 #include "ui/caratteri.h"
 #include "ui/confine.h"
 #include "ui/rigaopzioni.h"

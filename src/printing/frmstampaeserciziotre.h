@@ -1,7 +1,7 @@
 #pragma once
 // The printout screen of the exercise just done: its lines on screen, and the
 // keys that print, save and load them.
-#include "settings/resizecolore.h"
+#include "ui/resizecolore.h"
 #include <QMainWindow>
 #include <array>
 

@@ -3,7 +3,7 @@
 #include "content/errori.h"
 #include "printing/schede.h"
 #include "printing/stampa.h"
-#include "settings/stato.h"
+#include "stato/stato.h"
 #include "ui/caratteri.h"
 #include "ui/confine.h"
 #include "ui/rigaopzioni.h"

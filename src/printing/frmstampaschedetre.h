@@ -1,7 +1,7 @@
 #pragma once
 // Worksheets for pupils and teachers: kind, symbol order and number of lines
 // are chosen, the sheet is previewed and printed.
-#include "settings/resizecolore.h"
+#include "ui/resizecolore.h"
 #include <QMainWindow>
 #include <array>
 

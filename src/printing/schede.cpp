@@ -1,7 +1,7 @@
 #include "printing/schede.h"
 #include "content/formatta.h"
 #include "content/piattaforma.h"
-#include "settings/stato.h"
+#include "stato/stato.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
 #include "printing/stampa.h"
 #include "content/piattaforma.h"
-#include "settings/stato.h"
+#include "stato/stato.h"
 #include "ui/stampante.h"
 
 #include <QStringList>

@@ -2,7 +2,7 @@
 // The settings file NomeFile + ".dat" in the current folder. Two formats share
 // it and each writer replaces it whole: a levels line (level and digit count)
 // and eleven appearance lines. Reads never fail loudly: they fall back.
-#include "settings/settings.h"
+#include "stato/settings.h"
 #include <QByteArray>
 
 // The executable's name without folder and extension ("composizione").

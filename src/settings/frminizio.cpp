@@ -2,7 +2,7 @@
 
 #include "content/catalogo.h"
 #include "settings/filesettings.h"
-#include "settings/stato.h"
+#include "stato/stato.h"
 #include "ui/caratteri.h"
 #include "ui/confine.h"
 #include "ui/dopoprimodisegno.h"

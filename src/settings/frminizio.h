@@ -3,7 +3,7 @@
 // the order of the symbols and then "Vai", on three rows of large keys that
 // work by mouse, keys or a single switch. Level and digit count are stepped
 // from the header and written to the settings file at once.
-#include "settings/resizecolore.h"
+#include "ui/resizecolore.h"
 #include "settings/tendine.h"
 #include <QMainWindow>
 

@@ -1,9 +1,9 @@
 #include "settings/frmopzioni.h"
 
 #include "content/errori.h"
-#include "settings/coloriopzioni.h"
+#include "ui/coloriopzioni.h"
 #include "settings/filesettings.h"
-#include "settings/stato.h"
+#include "stato/stato.h"
 #include "ui/caratteri.h"
 #include "ui/confine.h"
 #include "ui/rigaopzioni.h"

@@ -2,7 +2,7 @@
 // The teacher's panel: page, text and scanning colours and a few switches,
 // shown at once in a preview and stored in the settings file on request.
 // Every click works directly on the program's settings.
-#include "settings/resizecolore.h"
+#include "ui/resizecolore.h"
 #include <QWidget>
 
 class QAbstractButton;

@@ -4,7 +4,7 @@
 #include "fakes/cartella.h"
 #include "printing/fileesercizio.h"
 #include "settings/filesettings.h"
-#include "settings/stato.h"
+#include "stato/stato.h"
 
 #include <QtTest>
 

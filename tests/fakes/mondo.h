@@ -5,7 +5,7 @@
 #include "fakes/fakeprinter.h"
 #include "fakes/fakes.h"
 #include "fakes/utente.h"
-#include "settings/stato.h"
+#include "stato/stato.h"
 #include <memory>
 
 struct Mondo {

@@ -6,7 +6,7 @@
 #include "fakes/cartella.h"
 #include "fakes/fakes.h"
 #include "printing/stampa.h"
-#include "settings/stato.h"
+#include "stato/stato.h"
 #include "ui/qtstampante.h"
 
 #include <QPrinterInfo>

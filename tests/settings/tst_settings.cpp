@@ -6,7 +6,7 @@
 #include "settings/filesettings.h"
 #include "settings/frminizio.h"
 #include "settings/frmopzioni.h"
-#include "settings/coloriopzioni.h"
+#include "ui/coloriopzioni.h"
 #include "ui/rigaopzioni.h"
 
 #include <QtTest>

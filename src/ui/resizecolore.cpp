@@ -1,4 +1,4 @@
-#include "settings/resizecolore.h"
+#include "ui/resizecolore.h"
 
 #include <QComboBox>
 #include <QFrame>

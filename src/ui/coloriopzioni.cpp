@@ -1,4 +1,4 @@
-#include "settings/coloriopzioni.h"
+#include "ui/coloriopzioni.h"
 
 namespace ColoriOpzioni {
 

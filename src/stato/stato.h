@@ -4,9 +4,9 @@
 #include "content/algoritmi.h"
 #include "content/item.h"
 #include "content/topic.h"
-#include "exercise/record.h"
-#include "printing/fogli.h"
-#include "settings/settings.h"
+#include "stato/record.h"
+#include "stato/fogli.h"
+#include "stato/settings.h"
 #include <functional>
 
 class IClock;
