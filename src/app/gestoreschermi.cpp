@@ -1,5 +1,6 @@
 #include "app/gestoreschermi.h"
 
+#include "access/frmaccesso.h"
 #include "app/frmautore.h"
 #include "settings/frminizio.h"
 #include "settings/frmopzioni.h"
@@ -45,6 +46,8 @@ QWidget *GestoreSchermi::creaSchermo(Schermo s, Stato &stato, QWidget *proprieta
         return new FrmStampaSchedeTre(stato);
     case Schermo::SceltaStampante:
         return new frmSceltaStampante(stato);
+    case Schermo::Accesso:
+        return new FrmAccesso(stato);
     }
     return nullptr;
 }

@@ -1,10 +1,16 @@
 #include "app/programma.h"
 
+#include "access/fileaccesso.h"
+#include "settings/filesettings.h"
 #include "ui/dopoprimodisegno.h"
 
 #include <QCoreApplication>
 
-Programma::Programma() : schermi_(stato)
+Programma::Programma()
+    : schermi_(stato),
+      filtro_(stato.accesso, orologio_, svegliaFiltro_),
+      scansione_(stato.accesso, svegliaScansione_, &filtro_),
+      evidenziatore_(stato.accesso)
 {
     stato.servizi.clock = &orologio_;
     stato.servizi.random = &caso_;
@@ -14,7 +20,12 @@ Programma::Programma() : schermi_(stato)
     stampante_.setMessaggi(&messaggi_);
     stato.servizi.stampante = &stampante_;
     stato.servizi.schermi = &schermi_;
-    QCoreApplication::instance()->installEventFilter(&unaPressione_);
+    // Each folder keeps its own access file beside its settings file.
+    stato.accesso = LeggiAccesso(NomeFileAccesso(NomeFileDaEseguibile(QCoreApplication::applicationFilePath())));
+    // The last filter installed sees an event first: presses are filtered
+    // before the scan takes them.
+    QCoreApplication::instance()->installEventFilter(&scansione_);
+    QCoreApplication::instance()->installEventFilter(&filtro_);
     QObject::connect(&schermi_, &GestoreSchermi::tuttiChiusi, QCoreApplication::instance(),
                      &QCoreApplication::quit, Qt::QueuedConnection);
 }

@@ -2,12 +2,15 @@
 // The whole program on a running QApplication: the shared state, the system's
 // services and the screens. main runs it; bench/bench_avvio measures the
 // start-up and memory of the executable that does.
+#include "access/evidenziatore.h"
+#include "access/filtroingressi.h"
+#include "access/scansioneautomatica.h"
+#include "access/sveglia.h"
 #include "app/gestoreschermi.h"
 #include "stato/stato.h"
 #include "ui/alsasuono.h"
 #include "ui/qtpiattaforma.h"
 #include "ui/qtstampante.h"
-#include "ui/unapressione.h"
 
 class Programma
 {
@@ -32,5 +35,8 @@ private:
     AlsaSound suono_;
     QtPrinter stampante_;
     GestoreSchermi schermi_;
-    UnaPressione unaPressione_;
+    QtSveglia svegliaFiltro_, svegliaScansione_;
+    FiltroIngressi filtro_;
+    ScansioneAutomatica scansione_;
+    Evidenziatore evidenziatore_;
 };

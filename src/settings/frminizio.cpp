@@ -246,6 +246,8 @@ void FrmInizio::costruisciMenu()
     autore->setObjectName(QStringLiteral("mnuAutore"));
     auto *opzioni = barra->addAction(QStringLiteral("Opzioni"));
     opzioni->setObjectName(QStringLiteral("mnuOpzioni"));
+    auto *accesso = barra->addAction(QStringLiteral("A&ccesso"));
+    accesso->setObjectName(QStringLiteral("mnuAccesso"));
 
     const auto apri = [this](Schermo s) {
         return [this, s] {
@@ -260,6 +262,9 @@ void FrmInizio::costruisciMenu()
     connect(mnuSchede_, &QAction::triggered, this, apri(Schermo::Schede));
     connect(autore, &QAction::triggered, this, apri(Schermo::Autore));
     connect(opzioni, &QAction::triggered, this, apri(Schermo::Opzioni));
+    // Scanning, switches and the highlight, for the pupil who uses them.
+    accesso->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_K));
+    connect(accesso, &QAction::triggered, this, apri(Schermo::Accesso));
 }
 
 void FrmInizio::avvio()

@@ -5,6 +5,7 @@
 #include "content/item.h"
 #include "content/topic.h"
 #include "stato/record.h"
+#include "stato/accesso.h"
 #include "stato/fogli.h"
 #include "stato/settings.h"
 #include <functional>
@@ -28,6 +29,7 @@ struct Servizi {
 
 struct Stato {
     Settings settings;
+    ImpostazioniAccesso accesso;
     TopicInstallato topic;
     TitoliInizio titoli;
     Item item;

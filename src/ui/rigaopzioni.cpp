@@ -4,6 +4,7 @@
 #include "ui/confine.h"
 
 #include <QKeyEvent>
+#include <QPointer>
 #include <QPushButton>
 #include <QWidget>
 
@@ -17,6 +18,8 @@ QColor coloreTesto(const QColor &sfondo)
 {
     return qGray(sfondo.rgb()) < 128 ? QColor(Qt::white) : QColor(Qt::black);
 }
+
+constexpr const char *kProprieta = "rigaOpzioni";
 
 bool isTasto(const QEvent *e)
 {
@@ -48,6 +51,8 @@ RigaOpzioni::RigaOpzioni(QWidget *parent, const QStringList &captions, const QSt
         b->setAutoDefault(false);
         b->setDefault(false);
         b->installEventFilter(this);
+        // Guarded: the row goes before its buttons when the screen is destroyed.
+        b->setProperty(kProprieta, QVariant::fromValue(QPointer<QObject>(this)));
         // Mouse and keys never reach clicked(): only a press asked for from
         // outside does, such as a screen reader's "Press" action. It chooses
         // the key as a mouse press would.
@@ -115,6 +120,21 @@ void RigaOpzioni::passoDa(int da)
 void RigaOpzioni::scegli(int i)
 {
     emit scelto(i);
+}
+
+void RigaOpzioni::invio(int i)
+{
+    QKeyEvent invio(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, QStringLiteral("\r"));
+    if (tasto)
+        confine([&] { tasto(i, &invio); });
+    else
+        confine([&] { emit scelto(i); });
+}
+
+RigaOpzioni *RigaOpzioni::di(const QObject *bottone)
+{
+    return bottone ? qobject_cast<RigaOpzioni *>(bottone->property(kProprieta).value<QPointer<QObject>>().data())
+                   : nullptr;
 }
 
 void RigaOpzioni::setColori(const QColor &fuoco, const QColor &riposo)

@@ -41,6 +41,11 @@ public:
 
     void passo();                            // what a space does: focus to the next button
     void scegli(int i);                      // emits scelto(i), as a mouse press does
+    // What Enter does on button i, whatever the row's flags: the one switch of
+    // automatic scanning must never be swallowed by a flag.
+    void invio(int i);
+    // The row a button belongs to, or null.
+    static RigaOpzioni *di(const QObject *bottone);
     void setColori(const QColor &fuoco, const QColor &riposo);
     const Opzioni &opzioni() const;
     bool flagPasso() const;

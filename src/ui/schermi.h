@@ -8,7 +8,8 @@ enum class Schermo {
     StampaEsercizio,  // FrmStampaEsercizioTre
     Schede,           // FrmStampaSchedeTre
     SceltaStampante,  // frmSceltaStampante
-    Autore            // about box
+    Autore,           // about box
+    Accesso           // FrmAccesso
 };
 
 // Loads and unloads screens. A screen stays loaded once opened until it is

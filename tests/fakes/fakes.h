@@ -68,7 +68,7 @@ public:
 private:
     void scrivi(const QString &azione, Schermo s)
     {
-        static const char *const nomi[] = {"Inizio", "Operativo", "Opzioni", "StampaEsercizio", "Schede", "SceltaStampante", "Autore"};
+        static const char *const nomi[] = {"Inizio", "Operativo", "Opzioni", "StampaEsercizio", "Schede", "SceltaStampante", "Autore", "Accesso"};
         chiamate += (chiamate.isEmpty() ? QString() : QStringLiteral(", ")) + azione + QLatin1String(nomi[int(s)]);
     }
 };

@@ -1,0 +1,49 @@
+#pragma once
+// Automatic scanning for a pupil with one switch: the highlight moves by
+// itself along the keys of the screen in front, in the order of a space step,
+// and the switch (Space or Enter) chooses the highlighted key. With scanning
+// set to manual it stays out of the way entirely.
+#include "stato/accesso.h"
+#include <QObject>
+#include <QPointer>
+#include <QSet>
+
+class FiltroIngressi;
+class IClock;
+class ISveglia;
+class QWidget;
+
+class ScansioneAutomatica : public QObject
+{
+public:
+    ScansioneAutomatica(const ImpostazioniAccesso &a, ISveglia &sveglia, const FiltroIngressi *filtro = nullptr);
+    ~ScansioneAutomatica() override;
+
+    // Stopped after its loops with no press; the next press restarts it.
+    bool ferma() const { return ferma_; }
+    // Steps taken since the last press or new row.
+    int passi() const { return passi_; }
+
+    // Whether the scan visits w: a key of a row, a button or a list to pick from.
+    static bool tasto(const QWidget *w);
+    // The key a space step would reach from w.
+    static QWidget *prossimo(QWidget *w);
+
+protected:
+    bool eventFilter(QObject *o, QEvent *e) override;
+
+private:
+    void fuocoCambiato(QWidget *prima, QWidget *ora);
+    void suona();
+    void riparti(bool primo);
+    void scegli(QWidget *w);
+    static int quanti(QWidget *w);
+
+    const ImpostazioniAccesso &a_;
+    ISveglia &sveglia_;
+    const FiltroIngressi *filtro_;
+    bool mioPasso_ = false;
+    bool ferma_ = false;
+    int passi_ = 0;
+    QSet<int> inghiottiti_;   // switch keys whose press the scan took
+};

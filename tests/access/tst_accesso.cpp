@@ -1,0 +1,261 @@
+// One switch: the access file, the rules of a press, automatic scanning on the
+// screens, and a whole exercise answered with nothing but one key.
+#include "access/evidenziatore.h"
+#include "access/fileaccesso.h"
+#include "access/filtroingressi.h"
+#include "access/frmaccesso.h"
+#include "access/scansioneautomatica.h"
+#include "app/frmautore.h"
+#include "app/gestoreschermi.h"
+#include "exercise/frmoperativo.h"
+#include "fakes/attesi.h"
+#include "fakes/cartella.h"
+#include "fakes/mondo.h"
+#include "fakes/sveglia.h"
+#include "settings/frminizio.h"
+#include "settings/frmopzioni.h"
+#include "ui/rigaopzioni.h"
+
+#include <QLabel>
+#include <QPushButton>
+#include <QtTest>
+
+namespace {
+
+QString numero(double d)
+{
+    return QString::number(d, 'f', d * 10 == std::floor(d * 10) ? 1 : 2);
+}
+
+// What the test files call the settings, in the access file's own words.
+QString letto(const ImpostazioniAccesso &a)
+{
+    return QStringList{a.automatica ? "automatica" : "manuale", numero(a.intervallo), numero(a.primo),
+                       QString::number(a.giri), numero(a.accettazione),
+                       a.ripetizione ? numero(*a.ripetizione) : "-", a.spessa ? "spessa" : "normale"}
+        .join(' ');
+}
+
+// The screens and the access objects as main puts them together, on the fakes.
+struct Banco : Mondo {
+    CartellaDiProva cartella;
+    FakeSveglia svegliaFiltro{orologio}, svegliaScansione{orologio};
+    FiltroIngressi filtro{stato.accesso, orologio, svegliaFiltro};
+    ScansioneAutomatica scansione{stato.accesso, svegliaScansione, &filtro};
+    Evidenziatore evidenziatore{stato.accesso};
+    GestoreSchermi gestore{stato};
+    std::unique_ptr<QWidget> w;
+    Utente u{nullptr};
+    const double zero = orologio.adesso;
+
+    explicit Banco(const QString &accesso, int livello = 3) : Mondo(livello)
+    {
+        stato.accesso = LeggiAccessoDa(QString(accesso).replace(u';', u'\n').toUtf8());
+        qApp->installEventFilter(&scansione);
+        qApp->installEventFilter(&filtro);
+        u.altro = [this](const QString &p) { return p.startsWith(u'@') && (fino(p.mid(1).toDouble()), true); };
+    }
+    ~Banco() { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
+    void fino(double t) { avanza(orologio, {&svegliaFiltro, &svegliaScansione}, zero + t); }
+
+    void esercizio(int tipo)
+    {
+        Settings &s = stato.settings;
+        s.TipoEsercizio = qint16(tipo);
+        s.OrdineSimboli = 1;
+        s.ValoreMassimo = 9;
+        w = apri<frmOperativo>();
+    }
+    void schermo(const QString &nome)
+    {
+        stato.servizi.schermi = &gestore;
+        if (nome == QLatin1String("inizio")) {
+            auto f = apri<FrmInizio>();
+            while (f->tendine().attiva())
+                f->tickTendine();
+            w = std::move(f);
+        } else if (nome == QLatin1String("tastierino") || nome == QLatin1String("simboli")) {
+            esercizio(nome == QLatin1String("simboli") ? 2 : 1);
+        } else if (nome == QLatin1String("opzioni")) {
+            w = apri<FrmOpzioni>();
+        } else if (nome == QLatin1String("accesso")) {
+            w = apri<FrmAccesso>();
+        }
+        u.finestra = w.get();
+    }
+    // "fuoco", "ferma" when the scan has stopped, then each asked control's text.
+    QString visto(const QStringList &nomi) const
+    {
+        QStringList v{Utente::fuoco()};
+        if (scansione.ferma())
+            v << QStringLiteral("ferma");
+        for (const QString &n : nomi) {
+            const QString nome = n.section(u'=', 0, 0);
+            const QWidget *c = w->findChild<QWidget *>(nome);
+            const auto *l = qobject_cast<const QLabel *>(c);
+            const auto *b = qobject_cast<const QAbstractButton *>(c);
+            v << nome + u'=' + (l ? l->text() : b ? b->text() : c ? QString::number(c->isEnabled()) : "(none)");
+        }
+        return v.join(QStringLiteral(" | "));
+    }
+};
+
+} // namespace
+
+class TstAccesso : public QObject
+{
+    Q_OBJECT
+private slots:
+    void init() { QTest::failOnWarning(QRegularExpression(QStringLiteral("^handler stopped"))); }
+
+    // tests/data/accesso.txt: texts read and written back.
+    void file()
+    {
+        const QStringList attese = righeAttese(QStringLiteral("accesso.txt"));
+        QStringList viste;
+        QByteArray testo;
+        bool aperto = false;
+        const auto chiudi = [&] {
+            const ImpostazioniAccesso a = LeggiAccessoDa(testo);
+            viste << QStringLiteral("= ") + letto(a);
+            for (const QByteArray &r : ScriviAccessoIn(a).split('\n'))
+                if (!r.isEmpty())
+                    viste << QStringLiteral("> ") + QString::fromUtf8(r);
+        };
+        for (const QString &r : attese) {
+            if (r.startsWith(QLatin1String("== "))) {
+                if (std::exchange(aperto, true))
+                    chiudi();
+                testo.clear();
+            } else if (r.startsWith(QLatin1String("< "))) {
+                testo += QString(r.mid(2))
+                             .replace(QLatin1String("<BOM>"), QChar(0xFEFF))
+                             .replace(QLatin1String("\\r"), QLatin1String("\r"))
+                             .toUtf8() +
+                         '\n';
+            } else if (r.startsWith(QLatin1String("= ")) || r.startsWith(QLatin1String("> "))) {
+                continue;
+            }
+            viste << r;
+        }
+        chiudi();
+        CONFRONTA_RIGHE(viste, attese);
+    }
+    // A missing file is the defaults; a file that cannot be written is left as
+    // it was, and says why.
+    void fileSulDisco()
+    {
+        CartellaDiProva cartella;
+        QCOMPARE(letto(LeggiAccesso(NomeFileAccesso("prova"))), "manuale 1.0 1.0 3 0.0 - normale");
+        ImpostazioniAccesso a;
+        a.giri = 7;
+        QVERIFY(ScriviAccesso(NomeFileAccesso("prova"), a));
+        QCOMPARE(LeggiAccesso("provaAccesso.dat").giri, 7);
+        QVERIFY(QDir().mkdir("cartella"));
+        QString errore;
+        QVERIFY(!ScriviAccesso("cartella", a, &errore));
+        QVERIFY(!errore.isEmpty());
+        QVERIFY(QFileInfo("cartella").isDir());
+    }
+
+    // tests/data/pressioni.txt: the acceptance time and the repeat window.
+    void pressioni()
+    {
+        const QStringList attese = righeAttese(QStringLiteral("pressioni.txt"));
+        QStringList viste;
+        ImpostazioniAccesso a;
+        std::unique_ptr<RegolePressioni> r;
+        for (const QString &riga : attese) {
+            const QStringList p = riga.section(QLatin1String(" =>"), 0, 0).split(u' ');
+            if (p[0] == QLatin1String("impostazioni")) {
+                a.accettazione = p[1].section(u'=', 1).toDouble();
+                const QString rip = p[2].section(u'=', 1);
+                a.ripetizione = rip == u'-' ? std::nullopt : std::optional<double>(rip.toDouble());
+                r = std::make_unique<RegolePressioni>(a);
+                viste << riga;
+                continue;
+            }
+            if (!r || riga.startsWith(u'#') || riga.startsWith(u'=')) {
+                viste << riga;
+                continue;
+            }
+            const quintptr k = p[0].at(0).unicode();
+            const double t = p[1].toDouble();
+            const QChar azione = p[0].at(1);
+            QString esito;
+            if (p[0] == u'?') {
+                const std::optional<quintptr> c = r->scaduta(t);
+                esito = c ? QStringLiteral("conta ") + QChar(char16_t(*c)) : QStringLiteral("niente");
+            } else if (azione == u'+') {
+                static const char *const nomi[] = {"passa", "scarta", "attende"};
+                esito = QLatin1String(nomi[int(r->premuto(k, t))]);
+            } else {
+                esito = (azione == u'-' ? r->rilasciato(k) : r->ripetuto(k)) ? "passa" : "scarta";
+            }
+            viste << riga.section(QLatin1String(" => "), 0, 0) + QStringLiteral(" => ") + esito;
+        }
+        CONFRONTA_RIGHE(viste, attese);
+    }
+
+    // tests/data/scansione.txt: screens, settings and presses at given times.
+    void scansione()
+    {
+        const QStringList attese = righeAttese(QStringLiteral("scansione.txt"));
+        QStringList viste;
+        std::unique_ptr<Banco> b;
+        QString schermo;
+        for (const QString &riga : attese) {
+            if (riga.startsWith(QLatin1String("schermo ")))
+                schermo = riga.mid(8);
+            if (riga.startsWith(QLatin1String("accesso "))) {
+                b.reset();
+                b = std::make_unique<Banco>(riga.mid(8));
+                b->schermo(schermo);
+            }
+            if (!b || !riga.front().isDigit()) {
+                viste << riga;
+                continue;
+            }
+            const QString passi = riga.section(QLatin1String(" => "), 0, 0);
+            const QStringList attesa = riga.section(QLatin1String(" => "), 1).split(QLatin1String(" | "));
+            b->u.esegui(QStringLiteral("@") + passi);
+            viste << passi + QStringLiteral(" => ") + b->visto(attesa.mid(1).filter(QStringLiteral("=")));
+        }
+        CONFRONTA_RIGHE(viste, attese);
+    }
+
+    // Twenty items answered right with one key and nothing else: the start
+    // screen's three rows, then every digit, "Verifica" and "Avanti".
+    void ventiConUnTasto()
+    {
+        Banco b(QStringLiteral("scansione=automatica"));
+        QRandomGenerator g(7);
+        b.caso.generatore = &g;
+        b.schermo(QStringLiteral("inizio"));
+        const auto premiSu = [&](const QString &nome) {
+            for (int passi = 0; passi < 40 && Utente::fuoco() != nome; ++passi)
+                b.fino(b.svegliaScansione.scade - b.zero);
+            QCOMPARE(Utente::fuoco(), nome);
+            b.u.esegui(QStringLiteral("Space"));
+        };
+        premiSu("Option1(0)");
+        premiSu("Option2(0)");
+        premiSu("Option3(0)");
+        auto *e = qobject_cast<frmOperativo *>(b.gestore.schermo(Schermo::Operativo));
+        QVERIFY(e && QTest::qWaitForWindowActive(e));
+        for (int item = 1; item <= 20; ++item) {
+            for (QChar c : b.stato.item.TestoNumero.remove(u'.'))
+                premiSu(QStringLiteral("Option2(%1)").arg(c == u',' ? 10 : c.digitValue()));
+            premiSu("Option2(12)");
+            QCOMPARE(e->findChild<QLabel *>("LblEsito")->text(), "Esatto");
+            if (item < 20)
+                premiSu("Option2(13)");
+        }
+        QCOMPARE(e->findChild<QLabel *>("lblRisEsatte")->text(), "20");
+        QCOMPARE(e->findChild<QLabel *>("lblRisErrate")->text(), ""); // never written: no wrong answer
+        QCOMPARE(Utente::fuoco(), "optAvviso(0)");
+    }
+};
+
+QTEST_MAIN(TstAccesso)
+#include "tst_accesso.moc"
