@@ -6,9 +6,11 @@
 #include <QApplication>
 #include <QEvent>
 #include <QPainter>
+#include <QPainterPath>
 #include <QWidget>
 
 #include <array>
+#include <functional>
 #include <cmath>
 
 namespace {
@@ -32,18 +34,25 @@ public:
         setAttribute(Qt::WA_TransparentForMouseEvents);
         setFocusPolicy(Qt::NoFocus);
     }
-    QColor colore;
+    ColoriCornice colori;
+    int margine() const { return Evidenziatore::kSpessore + (colori.dentro != colori.fuori ? Evidenziatore::kBordo : 0); }
 
 protected:
     void paintEvent(QPaintEvent *) override
     {
+        // Only the ring is painted: the key shows through the middle.
         QPainter p(this);
-        const int s = Evidenziatore::kSpessore;
-        const QRect r = rect();
-        p.fillRect(r.left(), r.top(), r.width(), s, colore);
-        p.fillRect(r.left(), r.bottom() - s + 1, r.width(), s, colore);
-        p.fillRect(r.left(), r.top() + s, s, r.height() - 2 * s, colore);
-        p.fillRect(r.right() - s + 1, r.top() + s, s, r.height() - 2 * s, colore);
+        const auto anello = [&p](const QRect &r, int spessore, const QColor &c) {
+            QPainterPath percorso;
+            percorso.setFillRule(Qt::OddEvenFill);
+            percorso.addRect(r);
+            percorso.addRect(r.adjusted(spessore, spessore, -spessore, -spessore));
+            p.fillPath(percorso, c);
+        };
+        const int bordo = margine() - Evidenziatore::kSpessore;
+        if (bordo > 0)
+            anello(rect(), bordo, colori.fuori);
+        anello(rect().adjusted(bordo, bordo, -bordo, -bordo), Evidenziatore::kSpessore, colori.dentro);
     }
 };
 
@@ -68,17 +77,19 @@ double Contrasto(const QColor &a, const QColor &b)
     return (std::max(la, lb) + 0.05) / (std::min(la, lb) + 0.05);
 }
 
-QColor ColoreCornice(const QColor &tasto, const QColor &pagina)
+namespace {
+
+// Strong colours first, then the greys between black and white: a mid grey
+// is what stands out when the key is dark and the page light.
+QColor migliore(const std::function<double(const QColor &)> &contrasto)
 {
-    // Strong colours first, then the greys between black and white: a mid
-    // grey is what stands out when the key is dark and the page light.
     static const std::array<QRgb, 6> forti{0x000000, 0xFFFFFF, 0x0000C0, 0xFFFF00, 0xC00000, 0x00FFFF};
     QColor meglio;
-    double migliore = -1.0;
+    double record = -1.0;
     const auto prova = [&](const QColor &c) {
-        const double v = std::min(Contrasto(c, tasto), Contrasto(c, pagina));
-        if (v > migliore + 1e-9) {
-            migliore = v;
+        const double v = contrasto(c);
+        if (v > record + 1e-9) {
+            record = v;
             meglio = c;
         }
     };
@@ -87,6 +98,17 @@ QColor ColoreCornice(const QColor &tasto, const QColor &pagina)
     for (int g = 8; g < 255; g += 8)
         prova(QColor(g, g, g));
     return meglio;
+}
+
+} // namespace
+
+ColoriCornice ColoreCornice(const QColor &tasto, const QColor &pagina)
+{
+    const QColor uno = migliore([&](const QColor &c) { return std::min(Contrasto(c, tasto), Contrasto(c, pagina)); });
+    if (Contrasto(uno, tasto) >= 3.0 && Contrasto(uno, pagina) >= 3.0)
+        return {uno, uno};
+    return {migliore([&](const QColor &c) { return Contrasto(c, tasto); }),
+            migliore([&](const QColor &c) { return Contrasto(c, pagina); })};
 }
 
 Evidenziatore::Evidenziatore(const ImpostazioniAccesso &a) : a_(a)
@@ -119,7 +141,7 @@ void Evidenziatore::segui(QWidget *tasto)
         delete cornice_.data();
         cornice_ = new Cornice(tasto_->window());
     }
-    static_cast<Cornice *>(cornice_.data())->colore = ColoreCornice(sfondoTasto(tasto_), sfondoPagina(tasto_));
+    static_cast<Cornice *>(cornice_.data())->colori = ColoreCornice(sfondoTasto(tasto_), sfondoPagina(tasto_));
     posa();
 }
 
@@ -127,7 +149,7 @@ void Evidenziatore::posa()
 {
     if (!tasto_ || !cornice_)
         return;
-    const int s = kSpessore;
+    const int s = static_cast<Cornice *>(cornice_.data())->margine();
     const QPoint alto = tasto_->mapTo(tasto_->window(), QPoint(0, 0));
     cornice_->setGeometry(QRect(alto, tasto_->size()).adjusted(-s, -s, s, s));
     cornice_->setVisible(tasto_->isVisible());

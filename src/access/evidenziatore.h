@@ -12,14 +12,19 @@ class QWidget;
 
 // WCAG contrast ratio of two colours, 1 to 21.
 double Contrasto(const QColor &a, const QColor &b);
-// The colour of the frame: the candidate with the best contrast against the
-// worse of the two.
-QColor ColoreCornice(const QColor &tasto, const QColor &pagina);
+// The colours of the frame, next to the key and next to the page: one colour
+// when one stands out 3:1 from both, else the best against each (a mid-tone
+// key on a black page has no colour that stands out from both).
+struct ColoriCornice {
+    QColor dentro, fuori;
+};
+ColoriCornice ColoreCornice(const QColor &tasto, const QColor &pagina);
 
 class Evidenziatore : public QObject
 {
 public:
     static constexpr int kSpessore = 8;
+    static constexpr int kBordo = 4; // the outer band of a two-colour frame
 
     explicit Evidenziatore(const ImpostazioniAccesso &a);
     ~Evidenziatore() override;

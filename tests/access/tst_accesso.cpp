@@ -14,6 +14,7 @@
 #include "fakes/sveglia.h"
 #include "settings/frminizio.h"
 #include "settings/frmopzioni.h"
+#include "ui/coloriopzioni.h"
 #include "ui/rigaopzioni.h"
 
 #include <QLabel>
@@ -80,6 +81,10 @@ struct Banco : Mondo {
             w = apri<FrmOpzioni>();
         } else if (nome == QLatin1String("accesso")) {
             w = apri<FrmAccesso>();
+        } else if (nome == QLatin1String("autore")) {
+            w = std::make_unique<FrmAutore>(nullptr);
+            w->show();
+            QVERIFY(QTest::qWaitForWindowActive(w.get()));
         }
         u.finestra = w.get();
     }
@@ -222,6 +227,49 @@ private slots:
             viste << passi + QStringLiteral(" => ") + b->visto(attesa.mid(1).filter(QStringLiteral("=")));
         }
         CONFRONTA_RIGHE(viste, attese);
+    }
+
+    // The thick frame stands out 3:1 from the key and from the page, for the
+    // program's own key colours on every page colour a teacher can pick: in
+    // one colour where one exists, else in a band of each.
+    void evidenziazione_data()
+    {
+        QTest::addColumn<QColor>("tasto");
+        QTest::addColumn<QColor>("pagina");
+        for (const Rgb &p : ColoriOpzioni::sfondo) {
+            const QColor pagina(p.r, p.g, p.b);
+            QTest::addRow("start key on %s", qPrintable(pagina.name())) << QColor(255, 192, 128) << pagina;
+            for (const Rgb &t : ColoriOpzioni::scansioneScuro)
+                QTest::addRow("%s on %s", qPrintable(QColor(t.r, t.g, t.b).name()), qPrintable(pagina.name()))
+                    << QColor(t.r, t.g, t.b) << pagina;
+        }
+    }
+    void evidenziazione()
+    {
+        QFETCH(QColor, tasto);
+        QFETCH(QColor, pagina);
+        const ColoriCornice c = ColoreCornice(tasto, pagina);
+        QVERIFY2(Contrasto(c.dentro, tasto) >= 3.0 && Contrasto(c.fuori, pagina) >= 3.0,
+                 qPrintable(c.dentro.name() + ' ' + c.fuori.name()));
+    }
+    void contrasto()
+    {
+        QCOMPARE(Contrasto(Qt::black, Qt::white), 21.0);
+        QCOMPARE(qRound(Contrasto(QColor(0x77, 0x77, 0x77), Qt::white) * 100), 448);
+        QCOMPARE(Contrasto(Qt::red, Qt::red), 1.0);
+        // The frame goes round the focused key, outside it, and follows the focus.
+        Banco b(QStringLiteral("evidenziazione=spessa"));
+        b.schermo(QStringLiteral("inizio"));
+        QWidget *k = b.w->findChild<QWidget *>("Option1(0)");
+        QVERIFY(b.evidenziatore.cornice());
+        QCOMPARE(b.evidenziatore.cornice()->geometry(),
+                 QRect(k->mapTo(b.w.get(), QPoint()), k->size()).adjusted(-8, -8, 8, 8));
+        b.u.esegui(QStringLiteral("Space"));
+        QCOMPARE(b.evidenziatore.cornice()->geometry().topLeft(),
+                 b.w->findChild<QWidget *>("Option1(1)")->mapTo(b.w.get(), QPoint(-8, -8)));
+        b.stato.accesso.spessa = false;
+        b.u.esegui(QStringLiteral("Space"));
+        QVERIFY(!b.evidenziatore.cornice());
     }
 
     // Twenty items answered right with one key and nothing else: the start
