@@ -77,7 +77,10 @@ ImpostazioniAccesso LeggiAccessoDa(const QByteArray &dati)
         } else if (chiave == "evidenziazione") {
             a.spessa = parola(valore, "normale", "spessa").value_or(base.spessa);
         } else {
-            a.altreRighe.append(grezza.endsWith('\r') ? grezza.chopped(1) : grezza);
+            QByteArray tenuta = grezza;
+            while (tenuta.endsWith('\r'))
+                tenuta.chop(1);
+            a.altreRighe.append(tenuta);
         }
     }
     return a;
