@@ -76,6 +76,8 @@ ImpostazioniAccesso LeggiAccessoDa(const QByteArray &dati)
             a.ripetizione = decimale(valore, 0.0, 2.0);
         } else if (chiave == "evidenziazione") {
             a.spessa = parola(valore, "normale", "spessa").value_or(base.spessa);
+        } else if (chiave == "gruppi") {
+            a.gruppi = parola(valore, "no", "si").value_or(base.gruppi);
         } else {
             QByteArray tenuta = grezza;
             while (tenuta.endsWith('\r'))
@@ -100,6 +102,7 @@ QByteArray ScriviAccessoIn(const ImpostazioniAccesso &a)
     if (a.ripetizione)
         riga("ripetizione", numero(*a.ripetizione));
     riga("evidenziazione", a.spessa ? "spessa" : "normale");
+    riga("gruppi", a.gruppi ? "si" : "no");
     for (const QByteArray &r : a.altreRighe)
         out += r + '\n';
     return out;

@@ -70,11 +70,11 @@ FrmAccesso::FrmAccesso(Stato &stato, QWidget *parent)
     }
     for (int i : {kMemorizza, kEsci}) {
         QPushButton *b = tasti_->bottone(i);
-        b->setGeometry(i == kMemorizza ? 250 : 490, 530, 200, 60);
+        b->setGeometry(i == kMemorizza ? 250 : 490, 590, 200, 60);
         b->setFont(grassetto);
         b->setAccessibleName(b->text());
     }
-    esito_ = etichetta(this, QStringLiteral("lblEsito"), {}, {20, 596, 900, 40}, normale);
+    esito_ = etichetta(this, QStringLiteral("lblEsito"), {}, {20, 656, 900, 40}, normale);
     esito_->setTextInteractionFlags(Qt::TextSelectableByMouse);
 
     tasti_->tasto = [this](int i, QKeyEvent *k) { return tasto(i, k); };

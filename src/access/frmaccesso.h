@@ -18,9 +18,9 @@ public:
     explicit FrmAccesso(Stato &stato, QWidget *parent = nullptr);
 
     static constexpr int kLarghezza = 940;
-    static constexpr int kAltezza = 640;
+    static constexpr int kAltezza = 700;
     // Keys 2v and 2v+1 step line v down and up; then these two.
-    static constexpr int kMemorizza = 14, kEsci = 15;
+    static constexpr int kMemorizza = 16, kEsci = 17;
 
     RigaOpzioni *tasti() const { return tasti_; }
     const ImpostazioniAccesso &bozza() const { return bozza_; }

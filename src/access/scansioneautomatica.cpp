@@ -74,6 +74,36 @@ int ScansioneAutomatica::quanti(QWidget *w)
     return n;
 }
 
+void ScansioneAutomatica::metti(QWidget *w)
+{
+    mioPasso_ = true;
+    w->setFocus(Qt::TabFocusReason);
+    mioPasso_ = false;
+}
+
+void ScansioneAutomatica::aiGruppi(RigaOpzioni *r, int g)
+{
+    for (int n = 0; n < r->quantiGruppi() && !r->gruppoAttivo(g); ++n)
+        g = (g + 1) % r->quantiGruppi();
+    metti(r->gruppo(g));
+}
+
+void ScansioneAutomatica::nelGruppo(RigaOpzioni *r, int g)
+{
+    // Into the group at the key last chosen or shown, when it is there.
+    const int ricordato = r->indice(ricordato_);
+    const auto pronto = [r](int i) { return r->bottone(i)->isEnabled() && !r->bottone(i)->isHidden(); };
+    if (ricordato >= 0 && r->ordine(g).contains(ricordato) && pronto(ricordato)) {
+        metti(r->bottone(ricordato));
+        return;
+    }
+    for (int i : r->ordine(g))
+        if (pronto(i)) {
+            metti(r->bottone(i));
+            return;
+        }
+}
+
 void ScansioneAutomatica::fuocoCambiato(QWidget *prima, QWidget *ora)
 {
     if (mioPasso_ || !a_.automatica)
@@ -83,7 +113,15 @@ void ScansioneAutomatica::fuocoCambiato(QWidget *prima, QWidget *ora)
         return;
     }
     // A new row, frame or screen gives the pupil time to find the first key.
-    riparti(gruppo(prima) != gruppo(ora));
+    const bool nuovo = gruppo(prima) != gruppo(ora);
+    // A key of a row with groups, brought forward by the screen or the
+    // mouse: the scan takes up its group, to start from that key inside it.
+    RigaOpzioni *r = RigaOpzioni::di(ora);
+    if (r && a_.gruppi && r->indice(ora) >= 0 && r->gruppoDi(ora) >= 0) {
+        ricordato_ = ora;
+        aiGruppi(r, r->gruppoDi(ora));
+    }
+    riparti(nuovo);
 }
 
 void ScansioneAutomatica::riparti(bool primo)
@@ -103,14 +141,45 @@ void ScansioneAutomatica::suona()
         sveglia_.punta(a_.intervallo);
         return;
     }
-    mioPasso_ = true;
-    if (RigaOpzioni *r = RigaOpzioni::di(w))
-        r->passo();
-    else
-        prossimo(w)->setFocus(Qt::TabFocusReason);
-    mioPasso_ = false;
     ++passi_;
-    if (passi_ >= a_.giri * quanti(QApplication::focusWidget() ? QApplication::focusWidget() : w))
+    RigaOpzioni *r = RigaOpzioni::di(w);
+    const int g = r && a_.gruppi ? r->gruppoDi(w) : -1;
+    int giro = 0; // the steps of one loop
+    if (g >= 0 && w == r->gruppo(g)) {
+        aiGruppi(r, (g + 1) % r->quantiGruppi());
+        for (int h = 0; h < r->quantiGruppi(); ++h)
+            giro += r->gruppoAttivo(h);
+    } else if (g >= 0) {
+        // Inside a group: once round its keys with no press, back to the groups.
+        const QList<int> &o = r->ordine(g);
+        for (int i : o)
+            giro += r->bottone(i)->isEnabled() && !r->bottone(i)->isHidden();
+        if (passi_ >= giro) {
+            aiGruppi(r, g);
+            passi_ = 0;
+            sveglia_.punta(a_.intervallo);
+            return;
+        }
+        qsizetype k = o.indexOf(r->indice(w));
+        for (qsizetype n = 0; n < o.size(); ++n) {
+            k = (k + 1) % o.size();
+            if (r->bottone(o[k])->isEnabled() && !r->bottone(o[k])->isHidden())
+                break;
+        }
+        metti(r->bottone(o[k]));
+        sveglia_.punta(a_.intervallo);
+        return;
+    } else {
+        mioPasso_ = true;
+        if (r)
+            r->passo();
+        else
+            prossimo(w)->setFocus(Qt::TabFocusReason);
+        mioPasso_ = false;
+        QWidget *ora = QApplication::focusWidget();
+        giro = quanti(ora ? ora : w);
+    }
+    if (passi_ >= a_.giri * std::max(giro, 1))
         ferma_ = true;
     else
         sveglia_.punta(a_.intervallo);
@@ -153,7 +222,22 @@ bool ScansioneAutomatica::eventFilter(QObject *o, QEvent *e)
         riparti(true);
         return true;
     }
-    scegli(w);
+    RigaOpzioni *r = RigaOpzioni::di(w);
+    const int g = r && a_.gruppi ? r->gruppoDi(w) : -1;
+    if (g >= 0 && w == r->gruppo(g)) {
+        nelGruppo(r, g);
+    } else {
+        scegli(w);
+        // A key of a group chosen, and the focus still on it: back to the
+        // first group. Inside a group the scan starts at its first key, the
+        // one most often wanted; only a key the screen itself brings forward
+        // ("Avanti" after a right answer) is started from.
+        QWidget *ora = QApplication::focusWidget();
+        if (g >= 0 && ora && RigaOpzioni::di(ora) == r && r->indice(ora) >= 0) {
+            ricordato_ = nullptr;
+            aiGruppi(r, 0);
+        }
+    }
     riparti(true);
     return true;
 }

@@ -1,17 +1,18 @@
 #pragma once
 // Automatic scanning for a pupil with one switch: the highlight moves by
 // itself along the keys of the screen in front, in the order of a space step,
-// and the switch (Space or Enter) chooses the highlighted key. With scanning
-// set to manual it stays out of the way entirely.
+// and the switch (Space or Enter) chooses the highlighted key. A row with
+// groups (the keypad) is taken group first, then key. With scanning set to
+// manual it stays out of the way entirely.
 #include "stato/accesso.h"
 #include <QObject>
 #include <QPointer>
 #include <QSet>
 
 class FiltroIngressi;
-class IClock;
 class ISveglia;
 class QWidget;
+class RigaOpzioni;
 
 class ScansioneAutomatica : public QObject
 {
@@ -21,12 +22,11 @@ public:
 
     // Stopped after its loops with no press; the next press restarts it.
     bool ferma() const { return ferma_; }
-    // Steps taken since the last press or new row.
-    int passi() const { return passi_; }
 
-    // Whether the scan visits w: a key of a row, a button or a list to pick from.
+    // Whether the scan visits w: a key of a row, a group of keys, a button or
+    // a list to pick from.
     static bool tasto(const QWidget *w);
-    // The key a space step would reach from w.
+    // The key a space step would reach from w, on a screen of loose buttons.
     static QWidget *prossimo(QWidget *w);
 
 protected:
@@ -37,6 +37,10 @@ private:
     void suona();
     void riparti(bool primo);
     void scegli(QWidget *w);
+    void metti(QWidget *w);
+    // The groups of a row: highlight group g, or go into it.
+    void aiGruppi(RigaOpzioni *r, int g);
+    void nelGruppo(RigaOpzioni *r, int g);
     static int quanti(QWidget *w);
 
     const ImpostazioniAccesso &a_;
@@ -45,5 +49,6 @@ private:
     bool mioPasso_ = false;
     bool ferma_ = false;
     int passi_ = 0;
-    QSet<int> inghiottiti_;   // switch keys whose press the scan took
+    QPointer<QWidget> ricordato_;  // in a row with groups: the key to start from inside a group
+    QSet<int> inghiottiti_;        // switch keys whose press the scan took
 };

@@ -9,7 +9,7 @@
 
 namespace {
 
-enum Voce { Scansione, Intervallo, Primo, Giri, Accettazione, Ripetizione, Evidenziazione };
+enum Voce { Scansione, Intervallo, Primo, Giri, Accettazione, Ripetizione, Evidenziazione, Gruppi };
 
 // The empty repeat window (the system's double click) sits below zero.
 constexpr double kDoppioClic = -1.0;
@@ -41,6 +41,7 @@ double leggi(const ImpostazioniAccesso &a, int voce)
     case Giri: return a.giri;
     case Accettazione: return a.accettazione;
     case Ripetizione: return a.ripetizione.value_or(kDoppioClic);
+    case Gruppi: return a.gruppi;
     default: return a.spessa;
     }
 }
@@ -54,6 +55,7 @@ void scrivi(ImpostazioniAccesso &a, int voce, double v)
     case Giri: a.giri = int(v); break;
     case Accettazione: a.accettazione = v; break;
     case Ripetizione: a.ripetizione = v < 0 ? std::nullopt : std::optional<double>(v); break;
+    case Gruppi: a.gruppi = v > 0.5; break;
     default: a.spessa = v > 0.5; break;
     }
 }
@@ -71,7 +73,7 @@ QString VociAccesso::nome(int voce)
     static const QStringList nomi{QStringLiteral("Scansione"),    QStringLiteral("Intervallo"),
                                   QStringLiteral("Primo tasto"),  QStringLiteral("Giri"),
                                   QStringLiteral("Accettazione"), QStringLiteral("Ripetizione"),
-                                  QStringLiteral("Evidenziazione")};
+                                  QStringLiteral("Evidenziazione"), QStringLiteral("Gruppi")};
     return nomi.value(voce);
 }
 
@@ -88,6 +90,8 @@ QString VociAccesso::spiegazione(int voce)
         QStringLiteral("Una seconda pressione dello stesso tasto entro questo tempo non conta (0 = contano "
                        "tutte)."),
         QStringLiteral("Spessa: una cornice larga e ben contrastata intorno al tasto evidenziato."),
+        QStringLiteral("Sì: il tastierino dei numeri si scorre a gruppi, prima il gruppo e poi il tasto; "
+                       "si aspetta la metà. No: un tasto alla volta."),
     };
     return testi.value(voce);
 }
@@ -100,6 +104,7 @@ QString VociAccesso::valore(const ImpostazioniAccesso &a, int voce)
     case Accettazione: return a.accettazione > 0 ? secondi(a.accettazione) : QStringLiteral("subito");
     case Ripetizione: return a.ripetizione ? secondi(*a.ripetizione) : QStringLiteral("come il doppio clic");
     case Evidenziazione: return a.spessa ? QStringLiteral("spessa") : QStringLiteral("normale");
+    case Gruppi: return a.gruppi ? QStringLiteral("sì") : QStringLiteral("no");
     default: return secondi(leggi(a, voce));
     }
 }

@@ -16,6 +16,7 @@ struct ImpostazioniAccesso {
     // the system's double-click rule, on mouse presses only, as always.
     std::optional<double> ripetizione;
     bool spessa = false;         // a thick frame around the highlighted key
+    bool gruppi = true;          // long rows (the keypad) scanned group first, then key
 
     // Lines the program does not know, kept as they were read.
     QList<QByteArray> altreRighe;

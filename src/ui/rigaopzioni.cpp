@@ -3,7 +3,9 @@
 #include "content/errori.h"
 #include "ui/confine.h"
 
+#include <QCoreApplication>
 #include <QKeyEvent>
+#include <QPainter>
 #include <QPointer>
 #include <QPushButton>
 #include <QWidget>
@@ -25,6 +27,47 @@ bool isTasto(const QEvent *e)
 {
     return e->type() == QEvent::KeyPress || e->type() == QEvent::KeyRelease;
 }
+
+// The frame of a group of keys. Drawn only while it has the focus: a black
+// border round the group on the focus colour. Keys typed meanwhile go to the
+// key the pupil was last on, as if the frame were not there.
+class CorniceGruppo : public QWidget
+{
+public:
+    CorniceGruppo(QWidget *parent, const QColor &fuoco) : QWidget(parent), fuoco_(fuoco)
+    {
+        setFocusPolicy(Qt::NoFocus);
+    }
+    std::function<QWidget *()> inoltro;
+    std::function<void(bool)> illumina; // the group's keys in the focus colour, or back
+    QColor fuoco_;
+
+protected:
+    void paintEvent(QPaintEvent *) override
+    {
+        if (!hasFocus())
+            return;
+        QPainter p(this);
+        p.fillRect(rect(), fuoco_);
+        p.setPen(QPen(Qt::black, kMargine));
+        p.drawRect(rect().adjusted(kMargine / 2, kMargine / 2, -kMargine / 2 - 1, -kMargine / 2 - 1));
+    }
+    bool event(QEvent *e) override
+    {
+        if (e->type() == QEvent::KeyPress || e->type() == QEvent::KeyRelease)
+            if (QWidget *w = inoltro ? inoltro() : nullptr)
+                return QCoreApplication::sendEvent(w, e);
+        if (e->type() == QEvent::FocusIn || e->type() == QEvent::FocusOut) {
+            if (illumina)
+                illumina(e->type() == QEvent::FocusIn);
+            update();
+        }
+        return QWidget::event(e);
+    }
+
+public:
+    static constexpr int kMargine = 3; // half the narrowest gap between two keys
+};
 
 } // namespace
 
@@ -137,12 +180,79 @@ RigaOpzioni *RigaOpzioni::di(const QObject *bottone)
                    : nullptr;
 }
 
+void RigaOpzioni::setGruppi(const QList<Gruppo> &gruppi)
+{
+    gruppi_ = gruppi;
+    for (int g = 0; g < gruppi_.size(); ++g) {
+        QRect r;
+        for (int i : gruppi_.at(g).ordine)
+            r |= bottone(i)->geometry();
+        const int m = CorniceGruppo::kMargine;
+        auto *c = new CorniceGruppo(bottone(gruppi_.at(g).ordine.value(0))->parentWidget(), opzioni_.fuoco);
+        c->setObjectName(QStringLiteral("%1.gruppo(%2)").arg(bottone(0)->objectName().section(u'(', 0, 0)).arg(g));
+        c->setAccessibleName(gruppi_.at(g).nome);
+        c->setGeometry(r.adjusted(-m, -m, m, m));
+        c->setProperty(kProprieta, QVariant::fromValue(QPointer<QObject>(this)));
+        c->inoltro = [this]() -> QWidget * { return ultimo_; };
+        // The whole group lights up, as a row does in row-and-column scanning.
+        c->illumina = [this, g](bool si) {
+            for (int i : gruppi_.at(g).ordine)
+                dipingi(bottoni_.at(i), si || bottoni_.at(i)->hasFocus() ? opzioni_.fuoco : opzioni_.riposo);
+        };
+        // The keys go inside, where they were: same window, so the Tab
+        // order stays as it was.
+        for (int i : gruppi_.at(g).ordine) {
+            QPushButton *b = bottone(i);
+            const QRect q = b->geometry().translated(-c->pos());
+            b->setParent(c);
+            b->setGeometry(q);
+            b->show();
+        }
+        c->lower();
+        cornici_.append(c);
+    }
+}
+
+int RigaOpzioni::quantiGruppi() const
+{
+    return int(gruppi_.size());
+}
+
+QWidget *RigaOpzioni::gruppo(int g) const
+{
+    return cornici_.value(g);
+}
+
+const QList<int> &RigaOpzioni::ordine(int g) const
+{
+    return gruppi_.at(g).ordine;
+}
+
+int RigaOpzioni::gruppoDi(const QWidget *w) const
+{
+    const int i = indice(w);
+    for (int g = 0; g < gruppi_.size(); ++g)
+        if (cornici_.at(g) == w || (i >= 0 && gruppi_.at(g).ordine.contains(i)))
+            return g;
+    return -1;
+}
+
+bool RigaOpzioni::gruppoAttivo(int g) const
+{
+    for (int i : gruppi_.at(g).ordine)
+        if (bottoni_.at(i)->isEnabled() && !bottoni_.at(i)->isHidden())
+            return true;
+    return false;
+}
+
 void RigaOpzioni::setColori(const QColor &fuoco, const QColor &riposo)
 {
     opzioni_.fuoco = fuoco;
     opzioni_.riposo = riposo;
     for (QPushButton *b : std::as_const(bottoni_))
         dipingi(b, b->hasFocus() ? fuoco : riposo);
+    for (QWidget *c : std::as_const(cornici_))
+        static_cast<CorniceGruppo *>(c)->fuoco_ = fuoco;
 }
 
 const RigaOpzioni::Opzioni &RigaOpzioni::opzioni() const
@@ -170,6 +280,7 @@ bool RigaOpzioni::eventFilter(QObject *watched, QEvent *event)
 
     switch (event->type()) {
     case QEvent::FocusIn:
+        ultimo_ = b;
         b->setDown(false);
         dipingi(b, opzioni_.fuoco);
         return false;

@@ -6,6 +6,7 @@
 #include <QColor>
 #include <QList>
 #include <QObject>
+#include <QPointer>
 #include <QStringList>
 #include <functional>
 
@@ -44,8 +45,24 @@ public:
     // What Enter does on button i, whatever the row's flags: the one switch of
     // automatic scanning must never be swallowed by a flag.
     void invio(int i);
-    // The row a button belongs to, or null.
+    // The row a button (or a group of its buttons) belongs to, or null.
     static RigaOpzioni *di(const QObject *bottone);
+
+    // Groups for scanning a long row with one switch: the group first, then
+    // its keys, each group in the order given. The keys of each group move
+    // into a frame of their own, which takes the focus while the group is
+    // highlighted and hands the keyboard on to the keys. Nothing changes for
+    // the eye or for keys and mouse until a group is highlighted.
+    struct Gruppo {
+        QString nome;       // what a screen reader says of the group
+        QList<int> ordine;  // the keys, in the order the scan visits them
+    };
+    void setGruppi(const QList<Gruppo> &gruppi);
+    int quantiGruppi() const;
+    QWidget *gruppo(int g) const;                // the group's frame
+    const QList<int> &ordine(int g) const;
+    int gruppoDi(const QWidget *w) const;        // of a key or a frame; -1 when in none
+    bool gruppoAttivo(int g) const;              // some key of it can be chosen
     void setColori(const QColor &fuoco, const QColor &riposo);
     const Opzioni &opzioni() const;
     bool flagPasso() const;
@@ -70,6 +87,9 @@ private:
     void rilasciato(QPushButton *b, QKeyEvent *k);
 
     QList<QPushButton *> bottoni_;
+    QList<Gruppo> gruppi_;
+    QList<QWidget *> cornici_;
+    QPointer<QPushButton> ultimo_;  // the key a group's frame hands the keyboard to
     Opzioni opzioni_;
     bool flagPasso_ = false;
     bool flagTasto_ = false;

@@ -33,7 +33,8 @@ QString letto(const ImpostazioniAccesso &a)
 {
     return QStringList{a.automatica ? "automatica" : "manuale", numero(a.intervallo), numero(a.primo),
                        QString::number(a.giri), numero(a.accettazione),
-                       a.ripetizione ? numero(*a.ripetizione) : "-", a.spessa ? "spessa" : "normale"}
+                       a.ripetizione ? numero(*a.ripetizione) : "-", a.spessa ? "spessa" : "normale",
+                       a.gruppi ? "si" : "no"}
         .join(' ');
 }
 
@@ -151,7 +152,7 @@ private slots:
     void fileSulDisco()
     {
         CartellaDiProva cartella;
-        QCOMPARE(letto(LeggiAccesso(NomeFileAccesso("prova"))), "manuale 1.0 1.0 3 0.0 - normale");
+        QCOMPARE(letto(LeggiAccesso(NomeFileAccesso("prova"))), "manuale 1.0 1.0 3 0.0 - normale si");
         ImpostazioniAccesso a;
         a.giri = 7;
         QVERIFY(ScriviAccesso(NomeFileAccesso("prova"), a));
@@ -280,11 +281,19 @@ private slots:
         QRandomGenerator g(7);
         b.caso.generatore = &g;
         b.schermo(QStringLiteral("inizio"));
-        const auto premiSu = [&](const QString &nome) {
+        const auto aspettaEPremi = [&](const QString &nome) {
             for (int passi = 0; passi < 40 && Utente::fuoco() != nome; ++passi)
                 b.fino(b.svegliaScansione.scade - b.zero);
             QCOMPARE(Utente::fuoco(), nome);
             b.u.esegui(QStringLiteral("Space"));
+        };
+        // A keypad key: its group first, then the key.
+        const auto premiSu = [&](const QString &nome) {
+            QWidget *k = b.gestore.schermo(Schermo::Operativo) ? b.gestore.schermo(Schermo::Operativo)->findChild<QWidget *>(nome) : nullptr;
+            const RigaOpzioni *r = RigaOpzioni::di(k);
+            if (r && r->gruppoDi(k) >= 0 && QApplication::focusWidget() != k)
+                aspettaEPremi(r->gruppo(r->gruppoDi(k))->objectName());
+            aspettaEPremi(nome);
         };
         premiSu("Option1(0)");
         premiSu("Option2(0)");
@@ -296,8 +305,13 @@ private slots:
                 premiSu(QStringLiteral("Option2(%1)").arg(c == u',' ? 10 : c.digitValue()));
             premiSu("Option2(12)");
             QCOMPARE(e->findChild<QLabel *>("LblEsito")->text(), "Esatto");
-            if (item < 20)
-                premiSu("Option2(13)");
+            // The screen brings "Avanti" forward: its group lights up, and
+            // going into it starts from "Avanti" itself.
+            if (item < 20) {
+                aspettaEPremi("Option2.gruppo(2)");
+                QCOMPARE(Utente::fuoco(), "Option2(13)");
+                b.u.esegui(QStringLiteral("Space"));
+            }
         }
         QCOMPARE(e->findChild<QLabel *>("lblRisEsatte")->text(), "20");
         QCOMPARE(e->findChild<QLabel *>("lblRisErrate")->text(), ""); // never written: no wrong answer
