@@ -164,6 +164,29 @@ private slots:
         QVERIFY(QFileInfo("cartella").isDir());
     }
 
+    // The panel by keys: "+" on the loops twice, then "Memorizza": the file
+    // holds it and the program uses it; where the file cannot be written, a
+    // message says so and nothing changes.
+    void pannello()
+    {
+        for (bool scrivibile : {true, false}) {
+            Banco b(QStringLiteral("-"));
+            if (!scrivibile)
+                QVERIFY(QDir().mkdir(NomeFileAccesso(b.stato.settings.NomeFile)));
+            b.schermo(QStringLiteral("accesso"));
+            b.stato.servizi.schermi = &b.schermi;
+            b.u.esegui(QStringLiteral("Space Space Space Space Space Space Space Return Return"));
+            QCOMPARE(b.visto({"lblValore(3)"}), "Accesso(7) | lblValore(3)=5");
+            b.u.esegui(QStringLiteral("M Return"));
+            QCOMPARE(b.stato.accesso.giri, scrivibile ? 5 : 3);
+            QCOMPARE(LeggiAccesso(NomeFileAccesso(b.stato.settings.NomeFile)).giri, scrivibile ? 5 : 3);
+            QCOMPARE(b.messaggi.mostrati.size(), scrivibile ? 0 : 1);
+            QCOMPARE(b.w->findChild<QLabel *>("lblEsito")->text().endsWith("provaAccesso.dat"), scrivibile);
+            b.u.esegui(QStringLiteral("E Return"));
+            QCOMPARE(b.schermi.chiamate, "chiudi Accesso");
+        }
+    }
+
     // tests/data/pressioni.txt: the acceptance time and the repeat window.
     void pressioni()
     {

@@ -6,6 +6,7 @@
 // SCHERMATE_RINNOVA=1 writes the new pictures into tests/data/schermate
 // instead, for a reviewer to look at (scripts/rinnova-schermate.sh). Each
 // state is also read as a screen reader reads it.
+#include "access/frmaccesso.h"
 #include "app/frmautore.h"
 #include "exercise/frmoperativo.h"
 #include "fakes/cartella.h"
@@ -215,11 +216,13 @@ private slots:
     }
 
     // The options panel as it opens on the colours of a file that cannot be
-    // read, the printer choice after a choice, the about box.
+    // read, the access panel with no access file, the printer choice after a
+    // choice, the about box.
     void altre()
     {
         AspettoPredefinito(m_->stato.settings);
         confronta(m_->apri<FrmOpzioni>().get(), QStringLiteral("opzioni"));
+        confronta(m_->apri<FrmAccesso>().get(), QStringLiteral("accesso"));
         m_->stampante.stampanti = {QStringLiteral("Ufficio"), QStringLiteral("Aula 2"), QStringLiteral("PDF")};
         m_->stato.fogli.SceltaStampanteArmata = true;
         auto scelta = m_->apri<frmSceltaStampante>();
