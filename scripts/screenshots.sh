@@ -16,8 +16,8 @@
 # (ATTESA seconds, default 20); a screen that does not appear stops the script
 # with a message and no picture is left half made.
 #
-# Pictures: inizio.png, autore.png, opzioni.png, schede.png, esercizio.png,
-# esercizio-aiuto.png, stampa-esercizio.png.
+# Pictures: inizio.png, autore.png, opzioni.png, accesso.png, schede.png,
+# esercizio.png, esercizio-aiuto.png, stampa-esercizio.png.
 set -euo pipefail
 
 qui=$(cd "$(dirname "$0")" && pwd)
@@ -242,6 +242,16 @@ tasti e Return
 sparita '^PANNELLO OPZIONI$'
 tastiera_a "$inizio"
 
+# Access panel, from the menu; "E" and Enter leave it.
+menu "Accesso"
+accesso=$(finestra '^Accesso$')
+tastiera_a "$accesso"
+a11y attendi "push button" "Memorizza"
+foto accesso.png
+tasti e Return
+sparita '^Accesso$'
+tastiera_a "$inizio"
+
 # An exercise: "numero", symbols in order, "Vai".
 fino_a "numero" 3 space
 tasti Return
@@ -344,4 +354,4 @@ sparita '^STAMPA SCHEDE'
 tastiera_a "$inizio"
 
 finito=1
-echo "screenshots: 7 pictures at $misura in $cartella"
+echo "screenshots: 8 pictures at $misura in $cartella"
