@@ -8,6 +8,7 @@
 #include "app/frmautore.h"
 #include "app/gestoreschermi.h"
 #include "exercise/frmoperativo.h"
+#include "printing/frmsceltastampante.h"
 #include "fakes/attesi.h"
 #include "fakes/cartella.h"
 #include "fakes/mondo.h"
@@ -17,6 +18,7 @@
 #include "ui/coloriopzioni.h"
 #include "ui/rigaopzioni.h"
 
+#include <QComboBox>
 #include <QLabel>
 #include <QPushButton>
 #include <QtTest>
@@ -82,6 +84,9 @@ struct Banco : Mondo {
             w = apri<FrmOpzioni>();
         } else if (nome == QLatin1String("accesso")) {
             w = apri<FrmAccesso>();
+        } else if (nome == QLatin1String("stampante")) {
+            stampante.stampanti = {QStringLiteral("Ufficio"), QStringLiteral("Aula 2"), QStringLiteral("PDF")};
+            w = apri<frmSceltaStampante>();
         } else if (nome == QLatin1String("autore")) {
             w = std::make_unique<FrmAutore>(nullptr);
             w->show();
@@ -100,7 +105,8 @@ struct Banco : Mondo {
             const QWidget *c = w->findChild<QWidget *>(nome);
             const auto *l = qobject_cast<const QLabel *>(c);
             const auto *b = qobject_cast<const QAbstractButton *>(c);
-            v << nome + u'=' + (l ? l->text() : b ? b->text() : c ? QString::number(c->isEnabled()) : "(none)");
+            const auto *e = qobject_cast<const QComboBox *>(c);
+            v << nome + u'=' + (l ? l->text() : b ? b->text() : e ? e->currentText() : "(none)");
         }
         return v.join(QStringLiteral(" | "));
     }
