@@ -3,6 +3,7 @@
 #include "content/errori.h"
 #include "ui/confine.h"
 
+#include <QAccessibleWidget>
 #include <QCoreApplication>
 #include <QKeyEvent>
 #include <QPainter>
@@ -22,6 +23,7 @@ QColor coloreTesto(const QColor &sfondo)
 }
 
 constexpr const char *kProprieta = "rigaOpzioni";
+constexpr const char *kGruppo = "gruppoTasti";
 
 bool isTasto(const QEvent *e)
 {
@@ -36,6 +38,8 @@ class CorniceGruppo : public QWidget
 public:
     CorniceGruppo(QWidget *parent, const QColor &fuoco) : QWidget(parent), fuoco_(fuoco)
     {
+        // Before anything asks for its accessible face, which is then kept.
+        setProperty(kGruppo, true);
         setFocusPolicy(Qt::NoFocus);
     }
     std::function<QWidget *()> inoltro;
@@ -68,6 +72,26 @@ protected:
 public:
     static constexpr int kMargine = 3; // half the narrowest gap between two keys
 };
+
+// For a screen reader, and for whatever follows the focus over the
+// accessibility tree, a lit group is a key to press, with its keys inside.
+class AccessibileGruppo : public QAccessibleWidget
+{
+public:
+    explicit AccessibileGruppo(QWidget *w) : QAccessibleWidget(w, QAccessible::Button) {}
+    QAccessible::State state() const override
+    {
+        QAccessible::State s = QAccessibleWidget::state();
+        s.focusable = true;
+        return s;
+    }
+};
+
+QAccessibleInterface *fabbricaGruppi(const QString &, QObject *o)
+{
+    return o && o->isWidgetType() && o->property(kGruppo).isValid() ? new AccessibileGruppo(static_cast<QWidget *>(o))
+                                                                     : nullptr;
+}
 
 } // namespace
 
@@ -182,6 +206,8 @@ RigaOpzioni *RigaOpzioni::di(const QObject *bottone)
 
 void RigaOpzioni::setGruppi(const QList<Gruppo> &gruppi)
 {
+    static const bool fabbrica = (QAccessible::installFactory(fabbricaGruppi), true);
+    Q_UNUSED(fabbrica);
     gruppi_ = gruppi;
     for (int g = 0; g < gruppi_.size(); ++g) {
         QRect r;
