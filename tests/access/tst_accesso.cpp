@@ -4,6 +4,7 @@
 #include "access/fileaccesso.h"
 #include "access/filtroingressi.h"
 #include "access/frmaccesso.h"
+#include "access/vociaccesso.h"
 #include "access/scansioneautomatica.h"
 #include "app/frmautore.h"
 #include "app/gestoreschermi.h"
@@ -168,6 +169,29 @@ private slots:
         QVERIFY(!ScriviAccesso("cartella", a, &errore));
         QVERIFY(!errore.isEmpty());
         QVERIFY(QFileInfo("cartella").isDir());
+    }
+
+    // tests/data/voci_accesso.txt: the values of each line of the panel.
+    void voci()
+    {
+        const QStringList attese = righeAttese(QStringLiteral("voci_accesso.txt"));
+        QStringList viste;
+        for (int v = 0; v < VociAccesso::kNumero; ++v) {
+            ImpostazioniAccesso a;
+            for (int i = 0; i < 20; ++i)
+                VociAccesso::passo(a, v, -1);
+            QStringList valori{VociAccesso::valore(a, v)};
+            for (int i = 0; i < 20; ++i, VociAccesso::passo(a, v, +1))
+                if (VociAccesso::valore(a, v) != valori.last())
+                    valori << VociAccesso::valore(a, v);
+            viste << VociAccesso::nome(v) + QStringLiteral(": ") + valori.join(QStringLiteral(" | "));
+        }
+        ImpostazioniAccesso a, b;
+        a.intervallo = b.intervallo = 0.45;
+        VociAccesso::passo(a, 1, -1);
+        VociAccesso::passo(b, 1, +1);
+        viste << QStringLiteral("Intervallo 0,45 s: %1 | %2").arg(VociAccesso::valore(a, 1), VociAccesso::valore(b, 1));
+        CONFRONTA_RIGHE(viste, attese.filter(QRegularExpression(QStringLiteral("^[^#]"))));
     }
 
     // The panel by keys: "+" on the loops twice, then "Memorizza": the file
