@@ -169,6 +169,9 @@ private slots:
         QVERIFY(!ScriviAccesso("cartella", a, &errore));
         QVERIFY(!errore.isEmpty());
         QVERIFY(QFileInfo("cartella").isDir());
+        // Nothing past the first 64 KiB is read: no settings file is that long.
+        QCOMPARE(LeggiAccessoDa(QByteArray(64 * 1024 - 1, '#') + "\ngiri=7\n").giri, 3);
+        QCOMPARE(LeggiAccessoDa(QByteArray(64 * 1024 - 8, '#') + "\ngiri=7\n").giri, 7);
     }
 
     // tests/data/voci_accesso.txt: the values of each line of the panel.
@@ -321,6 +324,9 @@ private slots:
         b.u.esegui(QStringLiteral("Space"));
         QCOMPARE(b.evidenziatore.cornice()->geometry().topLeft(),
                  b.w->findChild<QWidget *>("Option1(1)")->mapTo(b.w.get(), QPoint(-8, -8)));
+        QWidget *k1 = b.w->findChild<QWidget *>("Option1(1)");
+        k1->move(k1->pos() + QPoint(5, 3));
+        QCOMPARE(b.evidenziatore.cornice()->geometry().topLeft(), k1->mapTo(b.w.get(), QPoint(-8, -8)));
         b.stato.accesso.spessa = false;
         b.u.esegui(QStringLiteral("Space"));
         QVERIFY(!b.evidenziatore.cornice());
