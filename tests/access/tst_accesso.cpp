@@ -220,6 +220,19 @@ private slots:
         }
     }
 
+    // A double click on a loose key (the printer choice's "C H I U D I"):
+    // one press with the system's rule, two with a window of zero.
+    void doppioClic()
+    {
+        for (const QString accesso : {"-", "ripetizione=0"}) {
+            Banco b(accesso);
+            b.schermo(QStringLiteral("stampante"));
+            b.stato.servizi.schermi = &b.schermi;
+            b.u.esegui(QStringLiteral("dclick:Command2"));
+            QCOMPARE(b.schermi.chiamate.count(QStringLiteral("chiudi")), accesso == u'-' ? 1 : 2);
+        }
+    }
+
     // tests/data/pressioni.txt: the acceptance time and the repeat window.
     void pressioni()
     {
