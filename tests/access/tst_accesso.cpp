@@ -101,6 +101,10 @@ struct Banco : Mondo {
         QStringList v{Utente::fuoco()};
         if (scansione.ferma())
             v << QStringLiteral("ferma");
+        // A key is never left drawn as pressed.
+        for (const QAbstractButton *b : w->findChildren<QAbstractButton *>())
+            if (b->isDown())
+                v << QStringLiteral("premuto ") + b->objectName();
         for (const QString &n : nomi) {
             const QString nome = n.section(u'=', 0, 0);
             const QWidget *c = w->findChild<QWidget *>(nome);
@@ -210,6 +214,8 @@ private slots:
             b.stato.servizi.schermi = &b.schermi;
             b.u.esegui(QStringLiteral("Space Space Space Space Space Space Space Return Return"));
             QCOMPARE(b.visto({"lblValore(3)"}), "Accesso(7) | lblValore(3)=5");
+            // One line for each of the eight settings of the file.
+            QCOMPARE(b.w->findChildren<QLabel *>(QRegularExpression("^lblValore")).size(), 8);
             b.u.esegui(QStringLiteral("M Return"));
             QCOMPARE(b.stato.accesso.giri, scrivibile ? 5 : 3);
             QCOMPARE(LeggiAccesso(NomeFileAccesso(b.stato.settings.NomeFile)).giri, scrivibile ? 5 : 3);
