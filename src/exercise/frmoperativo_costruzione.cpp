@@ -271,10 +271,12 @@ void frmOperativo::costruisciTastierini(QWidget *pagina)
     // Fifteen keys are too many to wait through one by one with one switch:
     // automatic scanning takes them in three groups, each a stretch of the
     // keypad, each starting at its key most often wanted. The comma and
-    // "Verifica" come first in theirs: nearly every answer needs both.
-    option2_->setGruppi({{QStringLiteral("cifre da 0 a 4"), {0, 1, 2, 3, 4}},
-                         {QStringLiteral("virgola e cifre da 5 a 9"), {10, 5, 6, 7, 8, 9}},
-                         {QStringLiteral("Verifica, Avanti, Esci, Cancella"), {12, 13, 14, 11}}});
+    // "Verifica" come first in theirs: nearly every answer needs both. Only
+    // then: the groups' frames change what a screen reader walks through.
+    if (stato_.accesso.automatica && stato_.accesso.gruppi)
+        option2_->setGruppi({{QStringLiteral("cifre da 0 a 4"), {0, 1, 2, 3, 4}},
+                             {QStringLiteral("virgola e cifre da 5 a 9"), {10, 5, 6, 7, 8, 9}},
+                             {QStringLiteral("Verifica, Avanti, Esci, Cancella"), {12, 13, 14, 11}}});
 
     option1_ = new RigaOpzioni(fraSimboli_,
                                {QStringLiteral("h"), QStringLiteral("da"), QStringLiteral("u"), QStringLiteral("d"),
