@@ -262,7 +262,7 @@ private slots:
             }
             const quintptr k = p[0].at(0).unicode();
             const double t = p[1].toDouble();
-            const QChar azione = p[0].at(1);
+            const QChar azione = p[0].size() > 1 ? p[0].at(1) : QChar();
             QString esito;
             if (p[0] == u'?') {
                 const std::optional<quintptr> c = r->scaduta(t);
