@@ -31,14 +31,7 @@ QLabel *etichetta(QWidget *parent, const QString &nome, const QString &testo, co
 FrmAccesso::FrmAccesso(Stato &stato, QWidget *parent)
     : QWidget(parent, Qt::Window), stato_(stato), bozza_(stato.accesso)
 {
-    setObjectName(QStringLiteral("FrmAccesso"));
-    setWindowTitle(QStringLiteral("Accesso"));
-    resize(kLarghezza, kAltezza);
-    setMinimumSize(kLarghezza / 2, kAltezza / 2);
-    QPalette p = palette();
-    p.setColor(QPalette::Window, QColor(255, 250, 240));
-    setPalette(p);
-    setAutoFillBackground(true);
+    PreparaPannello(this, QStringLiteral("FrmAccesso"), QStringLiteral("Accesso"), {kLarghezza, kAltezza});
 
     etichetta(this, QStringLiteral("lblTitolo"),
               QStringLiteral("Come l'alunno raggiunge i tasti: con la tastiera, con uno o due sensori"),

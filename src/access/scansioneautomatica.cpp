@@ -18,8 +18,8 @@ bool interruttore(int tasto)
     return tasto == Qt::Key_Space || tasto == Qt::Key_Return || tasto == Qt::Key_Enter;
 }
 
-// The group a key is scanned in: its row, or the window for loose buttons.
-const QObject *gruppo(const QWidget *w)
+// What a key is scanned within: its row, or the window for loose buttons.
+const QObject *ambito(const QWidget *w)
 {
     if (!w)
         return nullptr;
@@ -65,7 +65,7 @@ int ScansioneAutomatica::quanti(QWidget *w)
     if (const RigaOpzioni *r = RigaOpzioni::di(w)) {
         int n = 0;
         for (int i = 0; i < r->count(); ++i)
-            n += r->bottone(i)->isEnabled() && !r->bottone(i)->isHidden();
+            n += r->pronto(i);
         return std::max(n, 1);
     }
     int n = 1;
@@ -92,13 +92,12 @@ void ScansioneAutomatica::nelGruppo(RigaOpzioni *r, int g)
 {
     // Into the group at the key last chosen or shown, when it is there.
     const int ricordato = r->indice(ricordato_);
-    const auto pronto = [r](int i) { return r->bottone(i)->isEnabled() && !r->bottone(i)->isHidden(); };
-    if (ricordato >= 0 && r->ordine(g).contains(ricordato) && pronto(ricordato)) {
+    if (ricordato >= 0 && r->ordine(g).contains(ricordato) && r->pronto(ricordato)) {
         metti(r->bottone(ricordato));
         return;
     }
     for (int i : r->ordine(g))
-        if (pronto(i)) {
+        if (r->pronto(i)) {
             metti(r->bottone(i));
             return;
         }
@@ -113,7 +112,7 @@ void ScansioneAutomatica::fuocoCambiato(QWidget *prima, QWidget *ora)
         return;
     }
     // A new row, frame or screen gives the pupil time to find the first key.
-    const bool nuovo = gruppo(prima) != gruppo(ora);
+    const bool nuovo = ambito(prima) != ambito(ora);
     // A key of a row with groups, brought forward by the screen or the
     // mouse: the scan takes up its group, to start from that key inside it.
     RigaOpzioni *r = RigaOpzioni::di(ora);
@@ -153,7 +152,7 @@ void ScansioneAutomatica::suona()
         // Inside a group: once round its keys with no press, back to the groups.
         const QList<int> &o = r->ordine(g);
         for (int i : o)
-            giro += r->bottone(i)->isEnabled() && !r->bottone(i)->isHidden();
+            giro += r->pronto(i);
         if (passi_ >= giro) {
             aiGruppi(r, g);
             passi_ = 0;
@@ -163,19 +162,20 @@ void ScansioneAutomatica::suona()
         qsizetype k = o.indexOf(r->indice(w));
         for (qsizetype n = 0; n < o.size(); ++n) {
             k = (k + 1) % o.size();
-            if (r->bottone(o[k])->isEnabled() && !r->bottone(o[k])->isHidden())
+            if (r->pronto(o[k]))
                 break;
         }
         metti(r->bottone(o[k]));
         sveglia_.punta(a_.intervallo);
         return;
     } else {
-        mioPasso_ = true;
-        if (r)
+        if (r) {
+            mioPasso_ = true;
             r->passo();
-        else
-            prossimo(w)->setFocus(Qt::TabFocusReason);
-        mioPasso_ = false;
+            mioPasso_ = false;
+        } else {
+            metti(prossimo(w));
+        }
         QWidget *ora = QApplication::focusWidget();
         giro = quanti(ora ? ora : w);
     }

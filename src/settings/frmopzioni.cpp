@@ -45,14 +45,7 @@ const QStringList &argomenti()
 
 FrmOpzioni::FrmOpzioni(Stato &stato, QWidget *parent) : QWidget(parent), stato_(stato)
 {
-    setObjectName(QStringLiteral("FrmOpzioni"));
-    setWindowTitle(QStringLiteral("PANNELLO OPZIONI"));
-    resize(kLarghezza, kAltezza);
-    setMinimumSize(kLarghezza / 2, kAltezza / 2);
-    QPalette p = palette();
-    p.setColor(QPalette::Window, QColor(255, 250, 240));
-    setPalette(p);
-    setAutoFillBackground(true);
+    PreparaPannello(this, QStringLiteral("FrmOpzioni"), QStringLiteral("PANNELLO OPZIONI"), {kLarghezza, kAltezza});
 
     QGroupBox *quadro =
         riquadro(this, QStringLiteral("Frame2"), QStringLiteral("QUADRO DELLE SCELTE"), {10, 8, 700, 464});

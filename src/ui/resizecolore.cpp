@@ -55,6 +55,18 @@ void ResizeColore::applica()
     }
 }
 
+void PreparaPannello(QWidget *pannello, const QString &nome, const QString &titolo, QSize design)
+{
+    pannello->setObjectName(nome);
+    pannello->setWindowTitle(titolo);
+    pannello->resize(design);
+    pannello->setMinimumSize(design / 2);
+    QPalette p = pannello->palette();
+    p.setColor(QPalette::Window, QColor(255, 250, 240));
+    pannello->setPalette(p);
+    pannello->setAutoFillBackground(true);
+}
+
 QSize DimensioneAdattata(QSize design, QSize spazio)
 {
     if (design.width() <= spazio.width() && design.height() <= spazio.height())

@@ -15,6 +15,10 @@ QSize DimensioneAdattata(QSize design, QSize spazio);
 // and centres it there, so that no row of keys opens off the screen.
 void AdattaAlloSchermo(QWidget *schermo, const QMargins &cornice);
 
+// A teacher's panel as every one opens: named, titled, at its design size,
+// never below half of it, on the panels' own page colour.
+void PreparaPannello(QWidget *pannello, const QString &nome, const QString &titolo, QSize design);
+
 class ResizeColore
 {
 public:

@@ -36,7 +36,7 @@ bool isTasto(const QEvent *e)
 class CorniceGruppo : public QWidget
 {
 public:
-    CorniceGruppo(QWidget *parent, const QColor &fuoco) : QWidget(parent), fuoco_(fuoco)
+    CorniceGruppo(QWidget *parent, const QColor &colore) : QWidget(parent), fuoco(colore)
     {
         // Before anything asks for its accessible face, which is then kept.
         setProperty(kGruppo, true);
@@ -44,7 +44,7 @@ public:
     }
     std::function<QWidget *()> inoltro;
     std::function<void(bool)> illumina; // the group's keys in the focus colour, or back
-    QColor fuoco_;
+    QColor fuoco;
 
 protected:
     void paintEvent(QPaintEvent *) override
@@ -52,7 +52,7 @@ protected:
         if (!hasFocus())
             return;
         QPainter p(this);
-        p.fillRect(rect(), fuoco_);
+        p.fillRect(rect(), fuoco);
         p.setPen(QPen(Qt::black, kMargine));
         p.drawRect(rect().adjusted(kMargine / 2, kMargine / 2, -kMargine / 2 - 1, -kMargine / 2 - 1));
     }
@@ -157,6 +157,11 @@ int RigaOpzioni::indiceFuoco() const
     return -1;
 }
 
+bool RigaOpzioni::pronto(int i) const
+{
+    return bottoni_.at(i)->isEnabled() && !bottoni_.at(i)->isHidden();
+}
+
 void RigaOpzioni::passo()
 {
     passoDa(indiceFuoco());
@@ -175,7 +180,7 @@ void RigaOpzioni::passoDa(int da)
     int i = da + 1 >= n ? 0 : da + 1;
     if (opzioni_.saltaDisabilitati) {
         int giri = 0;
-        while (!bottoni_.at(i)->isEnabled() || bottoni_.at(i)->isHidden()) {
+        while (!pronto(i)) {
             if (++giri >= n)
                 return;
             i = i + 1 >= n ? 0 : i + 1;
@@ -266,7 +271,7 @@ int RigaOpzioni::gruppoDi(const QWidget *w) const
 bool RigaOpzioni::gruppoAttivo(int g) const
 {
     for (int i : gruppi_.at(g).ordine)
-        if (bottoni_.at(i)->isEnabled() && !bottoni_.at(i)->isHidden())
+        if (pronto(i))
             return true;
     return false;
 }
@@ -278,7 +283,7 @@ void RigaOpzioni::setColori(const QColor &fuoco, const QColor &riposo)
     for (QPushButton *b : std::as_const(bottoni_))
         dipingi(b, b->hasFocus() ? fuoco : riposo);
     for (QWidget *c : std::as_const(cornici_))
-        static_cast<CorniceGruppo *>(c)->fuoco_ = fuoco;
+        static_cast<CorniceGruppo *>(c)->fuoco = fuoco;
 }
 
 const RigaOpzioni::Opzioni &RigaOpzioni::opzioni() const

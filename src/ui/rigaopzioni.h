@@ -39,6 +39,7 @@ public:
     int count() const;
     int indice(const QObject *bottone) const; // -1 when not in the row
     int indiceFuoco() const;                 // the button with the focus, or -1
+    bool pronto(int i) const;                // enabled and not hidden: a key that can be chosen
 
     void passo();                            // what a space does: focus to the next button
     void scegli(int i);                      // emits scelto(i), as a mouse press does
