@@ -62,7 +62,7 @@ struct Banco {
     Banco(int livello, int ordine, int massimo, std::deque<double> valori, bool gruppi)
     {
         stato.accesso.gruppi = gruppi;
-        stato.servizi = {&orologio, &caso, &box, &suono, nullptr, &schermi};
+        stato.servizi = {.clock = &orologio, .random = &caso, .messaggi = &box, .suono = &suono, .schermi = &schermi};
         stato.accesso.automatica = true;
         SceltaSimboli(qint16(livello), stato.topic, stato.titoli);
         stato.settings.TipoEsercizio = 1;

@@ -28,7 +28,7 @@ struct Banco {
 
     Banco()
     {
-        stato.servizi = {&clock, &random, &box, &suono, nullptr, &schermi};
+        stato.servizi = {.clock = &clock, .random = &random, .messaggi = &box, .suono = &suono, .schermi = &schermi};
         SceltaSimboli(3, stato.topic, stato.titoli);
         stato.settings.TipoEsercizio = 1;
         stato.settings.OrdineSimboli = 1;

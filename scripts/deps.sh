@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Installs the Debian packages that building, running and testing need, when missing.
 set -euo pipefail
-packages=(cmake ninja-build g++ qt6-base-dev libasound2-dev libgl-dev libqt6printsupport6
+packages=(cmake ninja-build g++ qt6-base-dev libasound2-dev libspeechd-dev speech-dispatcher speech-dispatcher-espeak-ng libgl-dev libqt6printsupport6
           libbenchmark-dev cups clang libclang-rt-dev xvfb xauth poppler-utils fonts-liberation fonts-urw-base35 fonts-dejavu-core
           dpkg-dev xdotool dbus at-spi2-core python3-pyatspi
           appstream desktop-file-utils lintian man-db)

@@ -22,6 +22,15 @@ std::optional<double> decimale(QByteArray v, double minimo, double massimo)
     return d;
 }
 
+std::optional<int> intero(const QByteArray &v, int minimo, int massimo)
+{
+    bool ok = false;
+    const int n = v.toInt(&ok);
+    if (!ok || n < minimo || n > massimo)
+        return std::nullopt;
+    return n;
+}
+
 std::optional<bool> parola(const QByteArray &v, const char *falso, const char *vero)
 {
     if (v == falso)
@@ -67,9 +76,7 @@ ImpostazioniAccesso LeggiAccessoDa(const QByteArray &dati)
         } else if (chiave == "primo") {
             a.primo = decimale(valore, 0.0, 5.0).value_or(base.primo);
         } else if (chiave == "giri") {
-            bool ok = false;
-            const int g = valore.toInt(&ok);
-            a.giri = ok && g >= 1 && g <= 10 ? g : base.giri;
+            a.giri = intero(valore, 1, 10).value_or(base.giri);
         } else if (chiave == "accettazione") {
             a.accettazione = decimale(valore, 0.0, 2.0).value_or(base.accettazione);
         } else if (chiave == "ripetizione") {
@@ -78,6 +85,12 @@ ImpostazioniAccesso LeggiAccessoDa(const QByteArray &dati)
             a.spessa = parola(valore, "normale", "spessa").value_or(base.spessa);
         } else if (chiave == "gruppi") {
             a.gruppi = parola(valore, "no", "si").value_or(base.gruppi);
+        } else if (chiave == "voce") {
+            a.voce = parola(valore, "no", "si").value_or(base.voce);
+        } else if (chiave == "voce_tasti") {
+            a.voceTasti = parola(valore, "no", "si").value_or(base.voceTasti);
+        } else if (chiave == "velocita") {
+            a.velocita = intero(valore, -100, 100).value_or(base.velocita);
         } else {
             QByteArray tenuta = grezza;
             while (tenuta.endsWith('\r'))
@@ -103,6 +116,9 @@ QByteArray ScriviAccessoIn(const ImpostazioniAccesso &a)
         riga("ripetizione", numero(*a.ripetizione));
     riga("evidenziazione", a.spessa ? "spessa" : "normale");
     riga("gruppi", a.gruppi ? "si" : "no");
+    riga("voce", a.voce ? "si" : "no");
+    riga("voce_tasti", a.voceTasti ? "si" : "no");
+    riga("velocita", QByteArray::number(a.velocita));
     for (const QByteArray &r : a.altreRighe)
         out += r + '\n';
     return out;

@@ -45,17 +45,17 @@ FrmAccesso::FrmAccesso(Stato &stato, QWidget *parent)
 
     const QFont grassetto = FontArial(12, true), normale = FontArial(10);
     for (int v = 0; v < VociAccesso::kNumero; ++v) {
-        const int y = 56 + v * 66;
+        const int y = 52 + v * 56;
         const QString nome = VociAccesso::nome(v);
-        etichetta(this, QStringLiteral("lblNome(%1)").arg(v), nome, {20, y, 180, 50}, grassetto);
-        QLabel *valore = etichetta(this, QStringLiteral("lblValore(%1)").arg(v), {}, {272, y, 170, 50}, grassetto);
+        etichetta(this, QStringLiteral("lblNome(%1)").arg(v), nome, {20, y, 180, 46}, grassetto);
+        QLabel *valore = etichetta(this, QStringLiteral("lblValore(%1)").arg(v), {}, {272, y, 170, 46}, grassetto);
         valore->setAlignment(Qt::AlignCenter);
         valori_ << valore;
         QLabel *spiega = etichetta(this, QStringLiteral("lblSpiegazione(%1)").arg(v), VociAccesso::spiegazione(v),
-                                   {516, y - 4, 404, 58}, normale);
+                                   {516, y - 4, 404, 54}, normale);
         for (int verso = 0; verso < 2; ++verso) {
             QPushButton *b = tasti_->bottone(2 * v + verso);
-            b->setGeometry(verso ? 452 : 210, y, 54, 50);
+            b->setGeometry(verso ? 452 : 210, y, 54, 46);
             b->setFont(FontArial(18, true));
             b->setAccessibleName(nome + (verso ? QStringLiteral(": aumenta") : QStringLiteral(": diminuisci")));
             b->setAccessibleDescription(spiega->text());
@@ -63,11 +63,11 @@ FrmAccesso::FrmAccesso(Stato &stato, QWidget *parent)
     }
     for (int i : {kMemorizza, kEsci}) {
         QPushButton *b = tasti_->bottone(i);
-        b->setGeometry(i == kMemorizza ? 250 : 490, 590, 200, 60);
+        b->setGeometry(i == kMemorizza ? 250 : 490, 672, 200, 60);
         b->setFont(grassetto);
         b->setAccessibleName(b->text());
     }
-    esito_ = etichetta(this, QStringLiteral("lblEsito"), {}, {20, 656, 900, 40}, normale);
+    esito_ = etichetta(this, QStringLiteral("lblEsito"), {}, {20, 738, 900, 40}, normale);
     esito_->setTextInteractionFlags(Qt::TextSelectableByMouse);
 
     tasti_->tasto = [this](int i, QKeyEvent *k) { return tasto(i, k); };

@@ -2,6 +2,7 @@
 // The teacher's access panel: every access setting with its value and what it
 // does, "−" and "+" to change it, "Memorizza" to use and keep it, "Esci".
 // Its keys are one scanned row, so it works by switch as well as by mouse.
+#include "access/vociaccesso.h"
 #include "stato/accesso.h"
 #include "ui/resizecolore.h"
 #include <QList>
@@ -18,9 +19,9 @@ public:
     explicit FrmAccesso(Stato &stato, QWidget *parent = nullptr);
 
     static constexpr int kLarghezza = 940;
-    static constexpr int kAltezza = 700;
+    static constexpr int kAltezza = 790;
     // Keys 2v and 2v+1 step line v down and up; then these two.
-    static constexpr int kMemorizza = 16, kEsci = 17;
+    static constexpr int kMemorizza = 2 * VociAccesso::kNumero, kEsci = kMemorizza + 1;
 
     RigaOpzioni *tasti() const { return tasti_; }
     const ImpostazioniAccesso &bozza() const { return bozza_; }

@@ -74,18 +74,18 @@ int ScansioneAutomatica::quanti(QWidget *w)
     return n;
 }
 
-void ScansioneAutomatica::metti(QWidget *w)
+void ScansioneAutomatica::metti(QWidget *w, Qt::FocusReason perche)
 {
     mioPasso_ = true;
-    w->setFocus(Qt::TabFocusReason);
+    w->setFocus(perche);
     mioPasso_ = false;
 }
 
-void ScansioneAutomatica::aiGruppi(RigaOpzioni *r, int g)
+void ScansioneAutomatica::aiGruppi(RigaOpzioni *r, int g, Qt::FocusReason perche)
 {
     for (int n = 0; n < r->quantiGruppi() && !r->gruppoAttivo(g); ++n)
         g = (g + 1) % r->quantiGruppi();
-    metti(r->gruppo(g));
+    metti(r->gruppo(g), perche);
 }
 
 void ScansioneAutomatica::nelGruppo(RigaOpzioni *r, int g)
@@ -118,7 +118,7 @@ void ScansioneAutomatica::fuocoCambiato(QWidget *prima, QWidget *ora)
     RigaOpzioni *r = RigaOpzioni::di(ora);
     if (r && a_.gruppi && r->indice(ora) >= 0 && r->gruppoDi(ora) >= 0) {
         ricordato_ = ora;
-        aiGruppi(r, r->gruppoDi(ora));
+        aiGruppi(r, r->gruppoDi(ora), Qt::OtherFocusReason);
     }
     riparti(nuovo);
 }
@@ -235,7 +235,7 @@ bool ScansioneAutomatica::eventFilter(QObject *o, QEvent *e)
         QWidget *ora = QApplication::focusWidget();
         if (g >= 0 && ora && RigaOpzioni::di(ora) == r && r->indice(ora) >= 0) {
             ricordato_ = nullptr;
-            aiGruppi(r, 0);
+            aiGruppi(r, 0, Qt::OtherFocusReason);
         }
     }
     riparti(true);

@@ -37,9 +37,11 @@ private:
     void suona();
     void riparti(bool primo);
     void scegli(QWidget *w);
-    void metti(QWidget *w);
+    // The scan's own focus moves. A step is a Tab move, as a space step is;
+    // a move that only takes up what the screen brought forward is not.
+    void metti(QWidget *w, Qt::FocusReason perche = Qt::TabFocusReason);
     // The groups of a row: highlight group g, or go into it.
-    void aiGruppi(RigaOpzioni *r, int g);
+    void aiGruppi(RigaOpzioni *r, int g, Qt::FocusReason perche = Qt::TabFocusReason);
     void nelGruppo(RigaOpzioni *r, int g);
     static int quanti(QWidget *w);
 

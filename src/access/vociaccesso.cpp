@@ -9,7 +9,8 @@
 
 namespace {
 
-enum Voce { Scansione, Intervallo, Primo, Giri, Accettazione, Ripetizione, Evidenziazione, Gruppi };
+enum Voce { Scansione, Intervallo, Primo, Giri, Accettazione, Ripetizione, Evidenziazione, Gruppi, Parla, ParlaTasti,
+            Velocita };
 
 // The empty repeat window (the system's double click) sits below zero.
 constexpr double kDoppioClic = -1.0;
@@ -22,12 +23,14 @@ const std::vector<double> &scala(int voce)
     static const std::vector<double> giri{1, 2, 3, 4, 5, 6, 7, 8, 9, 10};
     static const std::vector<double> accettazione{0, 0.1, 0.2, 0.25, 0.3, 0.4, 0.5, 0.75, 1.0, 1.5, 2.0};
     static const std::vector<double> ripetizione{kDoppioClic, 0, 0.1, 0.2, 0.3, 0.4, 0.5, 0.75, 1.0, 1.5, 2.0};
+    static const std::vector<double> velocita{-100, -75, -50, -40, -30, -20, -10, 0, 10, 20, 30, 40, 50, 75, 100};
     switch (voce) {
     case Intervallo: return intervallo;
     case Primo: return primo;
     case Giri: return giri;
     case Accettazione: return accettazione;
     case Ripetizione: return ripetizione;
+    case Velocita: return velocita;
     default: return due;
     }
 }
@@ -42,6 +45,9 @@ double leggi(const ImpostazioniAccesso &a, int voce)
     case Accettazione: return a.accettazione;
     case Ripetizione: return a.ripetizione.value_or(kDoppioClic);
     case Gruppi: return a.gruppi;
+    case Parla: return a.voce;
+    case ParlaTasti: return a.voceTasti;
+    case Velocita: return a.velocita;
     default: return a.spessa;
     }
 }
@@ -56,6 +62,9 @@ void scrivi(ImpostazioniAccesso &a, int voce, double v)
     case Accettazione: a.accettazione = v; break;
     case Ripetizione: a.ripetizione = v < 0 ? std::nullopt : std::optional<double>(v); break;
     case Gruppi: a.gruppi = v > 0.5; break;
+    case Parla: a.voce = v > 0.5; break;
+    case ParlaTasti: a.voceTasti = v > 0.5; break;
+    case Velocita: a.velocita = int(std::lround(v)); break;
     default: a.spessa = v > 0.5; break;
     }
 }
@@ -66,6 +75,11 @@ QString secondi(double s)
     return QLocale(QLocale::Italian).toString(s, 'f', centesimi ? 2 : 1) + QStringLiteral(" s");
 }
 
+QString sino(bool v)
+{
+    return v ? QStringLiteral("sì") : QStringLiteral("no");
+}
+
 } // namespace
 
 QString VociAccesso::nome(int voce)
@@ -73,7 +87,9 @@ QString VociAccesso::nome(int voce)
     static const QStringList nomi{QStringLiteral("Scansione"),    QStringLiteral("Intervallo"),
                                   QStringLiteral("Primo tasto"),  QStringLiteral("Giri"),
                                   QStringLiteral("Accettazione"), QStringLiteral("Ripetizione"),
-                                  QStringLiteral("Evidenziazione"), QStringLiteral("Gruppi")};
+                                  QStringLiteral("Evidenziazione"), QStringLiteral("Gruppi"),
+                                  QStringLiteral("Voce"),         QStringLiteral("Voce dei tasti"),
+                                  QStringLiteral("Velocità della voce")};
     return nomi.value(voce);
 }
 
@@ -92,6 +108,10 @@ QString VociAccesso::spiegazione(int voce)
         QStringLiteral("Spessa: una cornice larga e ben contrastata intorno al tasto evidenziato."),
         QStringLiteral("Sì: il tastierino dei numeri si scorre a gruppi, prima il gruppo e poi il tasto; "
                        "si aspetta la metà. No: un tasto alla volta."),
+        QStringLiteral("Sì: il programma legge la domanda e dice se la risposta è giusta. Serve la sintesi "
+                       "vocale del sistema."),
+        QStringLiteral("Sì: con la voce accesa, ogni tasto viene detto quando l'evidenziazione lo raggiunge."),
+        QStringLiteral("Più lenta per chi ha bisogno di tempo per capire, più veloce con la scansione rapida."),
     };
     return testi.value(voce);
 }
@@ -104,7 +124,12 @@ QString VociAccesso::valore(const ImpostazioniAccesso &a, int voce)
     case Accettazione: return a.accettazione > 0 ? secondi(a.accettazione) : QStringLiteral("subito");
     case Ripetizione: return a.ripetizione ? secondi(*a.ripetizione) : QStringLiteral("come il doppio clic");
     case Evidenziazione: return a.spessa ? QStringLiteral("spessa") : QStringLiteral("normale");
-    case Gruppi: return a.gruppi ? QStringLiteral("sì") : QStringLiteral("no");
+    case Gruppi: return sino(a.gruppi);
+    case Parla: return sino(a.voce);
+    case ParlaTasti: return sino(a.voceTasti);
+    case Velocita: return a.velocita == 0 ? QStringLiteral("normale")
+                          : a.velocita < 0 ? QStringLiteral("più lenta (%1)").arg(a.velocita)
+                                           : QStringLiteral("più veloce (+%1)").arg(a.velocita);
     default: return secondi(leggi(a, voce));
     }
 }

@@ -6,7 +6,7 @@
 
 namespace VociAccesso {
 
-constexpr int kNumero = 8;
+constexpr int kNumero = 11;
 
 QString nome(int voce);
 QString spiegazione(int voce);

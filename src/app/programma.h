@@ -6,6 +6,8 @@
 #include "access/filtroingressi.h"
 #include "access/scansioneautomatica.h"
 #include "access/sveglia.h"
+#include "access/vocespeechd.h"
+#include "access/vocetasti.h"
 #include "app/gestoreschermi.h"
 #include "stato/stato.h"
 #include "ui/alsasuono.h"
@@ -27,16 +29,19 @@ public:
     GestoreSchermi &schermi() { return schermi_; }
     QtPrinter &stampante() { return stampante_; }
     AlsaSound &suono() { return suono_; }
+    VoceSpeechd &voce() { return voce_; }
 
 private:
     QtClock orologio_;
     QtRandom caso_;
     QtMessageBox messaggi_;
     AlsaSound suono_;
+    VoceSpeechd voce_;
     QtPrinter stampante_;
     GestoreSchermi schermi_;
     QtSveglia svegliaFiltro_, svegliaScansione_;
     FiltroIngressi filtro_;
     ScansioneAutomatica scansione_;
     Evidenziatore evidenziatore_;
+    VoceTasti voceTasti_;
 };

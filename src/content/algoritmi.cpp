@@ -132,6 +132,25 @@ void scriviDomanda(std::string_view codici, bool uniti, const TopicInstallato &t
 
 } // namespace
 
+QList<PezzoDomanda> PezziDomanda(qint16 modello)
+{
+    QList<PezzoDomanda> pezzi;
+    if (modello < 1 || modello > qint16(modelli.size()))
+        return pezzi;
+    const std::string_view voce = modelli[std::size_t(modello - 1)];
+    const std::string_view codici = disposizione(modello, voce.substr(0, voce.find('>')));
+    for (std::size_t i = 0; i < codici.size(); ++i) {
+        const char c = codici[i];
+        if (c == '_')
+            continue;
+        if (c == 'c' || c == 's')
+            pezzi.append({qint16(codici[++i] - '0'), c == 'c', c == 's'});
+        else
+            pezzi.append({qint16(c - '0'), true, true});
+    }
+    return pezzi;
+}
+
 void Generatore::genera(qint16 valoreMassimo, qint16 ordineSimboli, const TopicInstallato &topic,
                         Item &item, qint16 &tipoCorrente) const
 {

@@ -1,10 +1,21 @@
 #pragma once
 #include "content/item.h"
 #include "content/topic.h"
+#include <QList>
 #include <functional>
 
 class IClock;
 class IRandom;
+
+// One piece of a template's question, in the order it is shown: a position
+// with its count, its symbol, or both (a few templates drop one of the two).
+struct PezzoDomanda {
+    qint16 posizione = 0;
+    bool conteggio = true;
+    bool simbolo = true;
+};
+// The pieces of template `modello`'s question; none outside 1..182.
+QList<PezzoDomanda> PezziDomanda(qint16 modello);
 
 // One exercise item (ALGORITMI): reseeds `random` from `clock`, draws four
 // counts and a template for the symbol order, rewrites `item`; for order 3

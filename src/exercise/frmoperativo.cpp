@@ -2,6 +2,7 @@
 #include "exercise/frmoperativo.h"
 
 #include "content/errori.h"
+#include "content/parole.h"
 #include "content/piattaforma.h"
 #include "exercise/calcolaspazi.h"
 #include "stato/stato.h"
@@ -176,6 +177,7 @@ void frmOperativo::mostraNumero()
     scrivi(lblEsito_, {});
     scrivi(label7_, dueSpazi(it.NumeroModello));
     inizioTastierino();
+    stato_.parla(FraseDomanda(it, stato_.topic, stato_.titoli.Label6[2], true));
 }
 
 void frmOperativo::mostraSimbolo()
@@ -191,14 +193,18 @@ void frmOperativo::mostraSimbolo()
     scrivi(lblEsito_, {});
     scrivi(label7_, dueSpazi(it.NumeroModello));
     inizioSimboli();
+    stato_.parla(FraseDomanda(it, stato_.topic, stato_.titoli.Label6[2], false));
 }
 
 void frmOperativo::Verifica()
 {
     if (RispostaGiusta(rispostaAttesa_, risposta_.testo)) {
-        if (ISound *suono = stato_.servizi.suono)
+        ISound *suono = stato_.servizi.suono;
+        if (suono)
             suono->suona();
         scrivi(lblEsito_, QStringLiteral("Esatto"));
+        if (stato_.accesso.voce)
+            stato_.parla(Frasi::esatto, suono ? suono->durataMs() : 0);
         coloreEsito(QColor(0, 130, 0));
         risposteEsatte_ = somma16(risposteEsatte_, 1);
         scrivi(lblRisEsatte_, QString::number(risposteEsatte_));
@@ -228,6 +234,7 @@ void frmOperativo::Verifica()
     }
 
     scrivi(lblEsito_, QStringLiteral("Errato"));
+    stato_.parla(Frasi::errato);
     coloreEsito(QColor(200, 0, 0));
     risposteErrate_ = somma16(risposteErrate_, 1);
     scrivi(lblRisErrate_, QString::number(risposteErrate_));
@@ -279,6 +286,7 @@ void frmOperativo::MostraCorrezione()
         rigaCorrente() += CodaCorrezione(*spazi, corretta, testoTempoParziale_);
         fuoco(riga, avanti);
         ControllaFine();
+        stato_.parla(FraseCorrezione(it, stato_.topic, stato_.titoli.Label6[2], riga == option2_));
     };
     if (voceNumero())
         correggi(option2_, fraTastierino_, 13, lblCorrezione_, it.TestoNumero, &spaziNumero_);
@@ -311,6 +319,7 @@ void frmOperativo::Riprova()
     tentativi_ = 0;
     portaAvanti(fraIntervento_);
     fuoco(optOK_, 0);
+    stato_.parla(Frasi::intervengo);
 }
 
 QList<QWidget *> frmOperativo::riquadri() const

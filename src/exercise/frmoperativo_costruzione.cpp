@@ -4,6 +4,7 @@
 
 #include "exercise/calcolaspazi.h"
 #include "exercise/lineabarra.h"
+#include "content/parole.h"
 #include "ui/coloriopzioni.h"
 #include "stato/stato.h"
 #include "ui/caratteri.h"
@@ -360,12 +361,16 @@ void frmOperativo::carica()
     risposteErrate_ = risposteEsatte_ = 0;
     tempoParziale_ = tempoTotale_ = 0;
 
+    const std::array<QString, 5> unita = NomiUnita(stato_.titoli.Label6[2], stato_.topic.ClassePosizioni);
     for (int i = 0; i < 4; ++i) {
         const QString simbolo = stato_.topic.Simboli[std::size_t(i + 1)];
         QPushButton *b = option1_->bottone(i);
         b->setText(simbolo);
-        b->setAccessibleName(Trim(simbolo).isEmpty() ? QStringLiteral("simbolo vuoto")
+        b->setAccessibleName(Trim(simbolo).isEmpty() ? Frasi::simboloVuoto
                                                      : QStringLiteral("simbolo ") + Trim(simbolo));
+        // The voice names the unit, never the letters of its symbol.
+        const QString &nome = unita[std::size_t(i + 1)];
+        b->setProperty("parlato", Trim(simbolo).isEmpty() || nome.isEmpty() ? Frasi::simboloVuoto : nome);
     }
     for (QString &riga : stato_.record.RigheEsercizio)
         riga.clear();

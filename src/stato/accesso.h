@@ -17,6 +17,9 @@ struct ImpostazioniAccesso {
     std::optional<double> ripetizione;
     bool spessa = false;         // a thick frame around the highlighted key
     bool gruppi = true;          // long rows (the keypad) scanned group first, then key
+    bool voce = false;           // questions, outcomes and keys spoken aloud
+    bool voceTasti = true;       // with the voice on: each key named as the highlight reaches it
+    int velocita = 0;            // speech rate, -100..100
 
     // Lines the program does not know, kept as they were read.
     QList<QByteArray> altreRighe;

@@ -14,6 +14,7 @@ class IClock;
 class IRandom;
 class IMessageBox;
 class ISound;
+class IVoce;
 class IPrinter;
 class IScreens;
 
@@ -23,6 +24,7 @@ struct Servizi {
     IRandom *random = nullptr;
     IMessageBox *messaggi = nullptr;
     ISound *suono = nullptr;
+    IVoce *voce = nullptr;
     IPrinter *stampante = nullptr;
     IScreens *schermi = nullptr;
 };
@@ -41,6 +43,11 @@ struct Stato {
     std::function<void(qint16)> mostraNumeroModello;
 
     Servizi servizi;
+
+    // Says `testo` when the voice is on; silent otherwise.
+    void parla(const QString &testo, int dopoMs = 0);
+    // How many times the program has spoken so far.
+    quint64 detti = 0;
 
     // The item generator on this state.
     void generaItem()

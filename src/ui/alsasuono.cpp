@@ -1,7 +1,6 @@
 #include "ui/alsasuono.h"
 #include "ui/wav.h"
 
-#include <QFile>
 #include <QLibrary>
 
 #include <alsa/asoundlib.h>
@@ -87,9 +86,7 @@ struct AlsaSound::Condiviso {
     void prepara(const QString &file)
     {
         if (file != letto) {
-            QFile f(file);
-            // A sound is a second or two: anything far larger is no sound of ours.
-            campioni = f.open(QIODevice::ReadOnly) && f.size() <= 16 * 1024 * 1024 ? LeggiWav(f.readAll()) : SuonoWav{};
+            campioni = LeggiFileWav(file);
             letto = file;
         }
         // With nothing to play, nothing of ALSA is loaded.
@@ -234,6 +231,16 @@ void AlsaSound::suona()
         ++c_->richieste;
     }
     avviaLavoro();
+}
+
+int AlsaSound::durataMs() const
+{
+    QString percorso;
+    {
+        std::lock_guard lk(c_->m);
+        percorso = c_->percorso;
+    }
+    return DurataWavMs(percorso);
 }
 
 std::int64_t AlsaSound::ultimoAvvioNs() const

@@ -24,6 +24,7 @@ public:
     void carica(const QString &percorso) override;
     // A second request while the sound plays starts it again from the top.
     void suona() override;
+    int durataMs() const override;
 
     // Loads the library, its configuration and the file in the background,
     // so that the first suona() only has to open the device.

@@ -10,4 +10,6 @@ public:
     virtual void carica(const QString &percorso) = 0;
     // Starts playing and returns at once.
     virtual void suona() = 0;
+    // How long the loaded file plays, in milliseconds; 0 when it cannot.
+    virtual int durataMs() const = 0;
 };

@@ -1,5 +1,6 @@
 #include "ui/wav.h"
 
+#include <QFile>
 #include <QtEndian>
 #include <algorithm>
 
@@ -29,4 +30,19 @@ SuonoWav LeggiWav(const QByteArray &b)
         return {};
     c.dati.truncate(c.dati.size() - c.dati.size() % c.bytePerFrame());
     return c;
+}
+
+SuonoWav LeggiFileWav(const QString &percorso)
+{
+    QFile f(percorso);
+    // A sound is a second or two: anything far larger is no sound of ours.
+    return f.open(QIODevice::ReadOnly) && f.size() <= 16 * 1024 * 1024 ? LeggiWav(f.readAll()) : SuonoWav{};
+}
+
+int DurataWavMs(const QString &percorso)
+{
+    const SuonoWav s = LeggiFileWav(percorso);
+    if (s.dati.isEmpty() || s.frequenza == 0)
+        return 0;
+    return int(qint64(s.dati.size() / s.bytePerFrame()) * 1000 / s.frequenza);
 }

@@ -2,6 +2,7 @@
 // Plain PCM wave files of 8 or 16 bits, as assets/genera_positivo.py makes
 // them: what the sound needs to hand the samples to the device.
 #include <QByteArray>
+#include <QString>
 
 struct SuonoWav {
     int bit = 0; // 8 (unsigned) or 16 (signed, little endian); 0: nothing to play
@@ -14,3 +15,8 @@ struct SuonoWav {
 // The RIFF chunks are walked for "fmt " and "data"; a file cut short keeps
 // what it has. Anything else (another encoding, a damaged header) is silence.
 SuonoWav LeggiWav(const QByteArray &file);
+// The file at `percorso`, read as above; silence when it cannot be read.
+SuonoWav LeggiFileWav(const QString &percorso);
+
+// How long the file at `percorso` plays, in milliseconds; 0 when it cannot.
+int DurataWavMs(const QString &percorso);

@@ -6,12 +6,14 @@
 #include "access/frmaccesso.h"
 #include "access/vociaccesso.h"
 #include "access/scansioneautomatica.h"
+#include "access/vocetasti.h"
 #include "app/frmautore.h"
 #include "app/gestoreschermi.h"
 #include "exercise/frmoperativo.h"
 #include "printing/frmsceltastampante.h"
 #include "fakes/attesi.h"
 #include "fakes/cartella.h"
+#include "fakes/estrazioni.h"
 #include "fakes/mondo.h"
 #include "fakes/sveglia.h"
 #include "settings/frminizio.h"
@@ -37,7 +39,8 @@ QString letto(const ImpostazioniAccesso &a)
     return QStringList{a.automatica ? "automatica" : "manuale", numero(a.intervallo), numero(a.primo),
                        QString::number(a.giri), numero(a.accettazione),
                        a.ripetizione ? numero(*a.ripetizione) : "-", a.spessa ? "spessa" : "normale",
-                       a.gruppi ? "si" : "no"}
+                       a.gruppi ? "si" : "no", a.voce ? "si" : "no", a.voceTasti ? "si" : "no",
+                       QString::number(a.velocita)}
         .join(' ');
 }
 
@@ -48,6 +51,7 @@ struct Banco : Mondo {
     FiltroIngressi filtro{stato.accesso, orologio, svegliaFiltro};
     ScansioneAutomatica scansione{stato.accesso, svegliaScansione, &filtro};
     Evidenziatore evidenziatore{stato.accesso};
+    VoceTasti voceTasti{stato};
     GestoreSchermi gestore{stato};
     std::unique_ptr<QWidget> w;
     Utente u{nullptr};
@@ -56,6 +60,7 @@ struct Banco : Mondo {
     explicit Banco(const QString &accesso, int livello = 3) : Mondo(livello)
     {
         stato.accesso = LeggiAccessoDa(QString(accesso).replace(u';', u'\n').toUtf8());
+        qApp->installEventFilter(&voceTasti);
         qApp->installEventFilter(&scansione);
         qApp->installEventFilter(&filtro);
         u.altro = [this](const QString &p) { return p.startsWith(u'@') && (fino(p.mid(1).toDouble()), true); };
@@ -107,6 +112,10 @@ struct Banco : Mondo {
                 v << QStringLiteral("premuto ") + b->objectName();
         for (const QString &n : nomi) {
             const QString nome = n.section(u'=', 0, 0);
+            if (nome == QLatin1String("voce")) {
+                v << nome + u'=' + voce.detti.join(QStringLiteral(" / "));
+                continue;
+            }
             const QWidget *c = w->findChild<QWidget *>(nome);
             const auto *l = qobject_cast<const QLabel *>(c);
             const auto *b = qobject_cast<const QAbstractButton *>(c);
@@ -163,7 +172,7 @@ private slots:
     void fileSulDisco()
     {
         CartellaDiProva cartella;
-        QCOMPARE(letto(LeggiAccesso(NomeFileAccesso("prova"))), "manuale 1.0 1.0 3 0.0 - normale si");
+        QCOMPARE(letto(LeggiAccesso(NomeFileAccesso("prova"))), "manuale 1.0 1.0 3 0.0 - normale si no si 0");
         ImpostazioniAccesso a;
         a.giri = 7;
         QVERIFY(ScriviAccesso(NomeFileAccesso("prova"), a));
@@ -214,8 +223,8 @@ private slots:
             b.stato.servizi.schermi = &b.schermi;
             b.u.esegui(QStringLiteral("Space Space Space Space Space Space Space Return Return"));
             QCOMPARE(b.visto({"lblValore(3)"}), "Accesso(7) | lblValore(3)=5");
-            // One line for each of the eight settings of the file.
-            QCOMPARE(b.w->findChildren<QLabel *>(QRegularExpression("^lblValore")).size(), 8);
+            // One line for each of the eleven settings of the file.
+            QCOMPARE(b.w->findChildren<QLabel *>(QRegularExpression("^lblValore")).size(), 11);
             b.u.esegui(QStringLiteral("M Return"));
             QCOMPARE(b.stato.accesso.giri, scrivibile ? 5 : 3);
             QCOMPARE(LeggiAccesso(NomeFileAccesso(b.stato.settings.NomeFile)).giri, scrivibile ? 5 : 3);
@@ -279,19 +288,34 @@ private slots:
     }
 
     // tests/data/scansione.txt: screens, settings and presses at given times.
-    void scansione()
+    void scansione() { scenari(QStringLiteral("scansione.txt")); }
+    // tests/data/voce.txt: what is said, and when, on the same screens.
+    void voce() { scenari(QStringLiteral("voce.txt")); }
+
+private:
+    void scenari(const QString &file)
     {
-        const QStringList attese = righeAttese(QStringLiteral("scansione.txt"));
+        const QStringList attese = righeAttese(file);
         QStringList viste;
         std::unique_ptr<Banco> b;
         QString schermo;
+        int livello = 3;
+        QStringList voci;
         for (const QString &riga : attese) {
             if (riga.startsWith(QLatin1String("schermo ")))
                 schermo = riga.mid(8);
+            if (riga.startsWith(QLatin1String("argomento ")))
+                livello = riga.mid(10).toInt();
+            if (riga.startsWith(QLatin1String("estrazioni ")))
+                voci = riga.mid(11).split(QLatin1String("; "));
             if (riga.startsWith(QLatin1String("accesso "))) {
                 b.reset();
-                b = std::make_unique<Banco>(riga.mid(8));
+                b = std::make_unique<Banco>(riga.mid(8), livello);
+                const int tipo = schermo == QLatin1String("simboli") ? 2 : 1;
+                b->caso.valori = estrazioni(voci, classe(livello), 1, tipo, 9);
                 b->schermo(schermo);
+                livello = 3;
+                voci.clear();
             }
             if (!b || !riga.front().isDigit()) {
                 viste << riga;
@@ -305,6 +329,7 @@ private slots:
         CONFRONTA_RIGHE(viste, attese);
     }
 
+private slots:
     // The thick frame stands out 3:1 from the key and from the page, for the
     // program's own key colours on every page colour a teacher can pick: in
     // one colour where one exists, else in a band of each.

@@ -3,6 +3,7 @@
 #include "content/piattaforma.h"
 #include "ui/schermi.h"
 #include "ui/suono.h"
+#include "ui/voce.h"
 #include <QList>
 #include <QRandomGenerator>
 #include <QStringList>
@@ -13,6 +14,17 @@ class FakeClock final : public IClock
 public:
     double adesso = 36000.0; // 10:00
     double Timer() const override { return adesso; }
+};
+
+// Every utterance, in order; one said after a sound as "text (dopo il suono)".
+class FakeVoce final : public IVoce
+{
+public:
+    QStringList detti;
+    void di(const QString &testo, int, int dopoMs) override
+    {
+        detti << (dopoMs > 0 ? testo + QStringLiteral(" (dopo il suono)") : testo);
+    }
 };
 
 // Returns the queued values in order, then `dopo` for ever (or, given a
@@ -54,6 +66,7 @@ public:
     int suonati = 0;
     void carica(const QString &) override {}
     void suona() override { ++suonati; }
+    int durataMs() const override { return 420; }
 };
 
 // Records what the screens ask of the screen manager, as "apri Operativo,

@@ -13,6 +13,7 @@ struct Mondo {
     FakeRandom caso;
     FakeMessageBox messaggi;
     FakeSound suono;
+    FakeVoce voce;
     FakePrinter stampante;
     FakeScreens schermi;
     Stato stato;
@@ -21,7 +22,8 @@ struct Mondo {
     // named "prova...".
     explicit Mondo(int livello = 3)
     {
-        stato.servizi = {&orologio, &caso, &messaggi, &suono, &stampante, &schermi};
+        stato.servizi = {.clock = &orologio, .random = &caso, .messaggi = &messaggi, .suono = &suono,
+                         .voce = &voce, .stampante = &stampante, .schermi = &schermi};
         stato.settings.NomeFile = QStringLiteral("prova");
         stato.settings.ValoreMassimo = 19;
         SceltaSimboli(qint16(livello), stato.topic, stato.titoli);

@@ -1,0 +1,192 @@
+#include "access/vocespeechd.h"
+
+#include <QLibrary>
+
+#include <libspeechd.h>
+
+#include <chrono>
+#include <condition_variable>
+#include <cstdio>
+#include <cstdlib>
+#include <mutex>
+
+namespace {
+
+// The entry points the voice needs, resolved when the voice is first wanted.
+struct Speechd {
+    decltype(&spd_open2) apri = nullptr;
+    decltype(&spd_close) chiudi = nullptr;
+    decltype(&spd_say) di = nullptr;
+    decltype(&spd_cancel) annulla = nullptr;
+    decltype(&spd_set_language) lingua = nullptr;
+    decltype(&spd_set_voice_rate) velocita = nullptr;
+
+    bool carica(QLibrary &l)
+    {
+        if (!l.load())
+            return false;
+        bool tutte = true;
+        const auto r = [&](auto &f, const char *nome) {
+            f = reinterpret_cast<std::remove_reference_t<decltype(f)>>(l.resolve(nome));
+            tutte = tutte && f;
+        };
+        r(apri, "spd_open2");
+        r(chiudi, "spd_close");
+        r(di, "spd_say");
+        r(annulla, "spd_cancel");
+        r(lingua, "spd_set_language");
+        r(velocita, "spd_set_voice_rate");
+        return tutte;
+    }
+};
+
+} // namespace
+
+struct VoceSpeechd::Condiviso {
+    std::mutex m;
+    mutable std::condition_variable cv;
+    // Under m: what the GUI thread asks for, newest only.
+    QByteArray testo;
+    int velocita = 0, dopoMs = 0;
+    std::uint64_t richieste = 0, servite = 0;
+    bool preparare = false, fine = false, finito = false, tentata = false;
+    bool provata = false, pronta = false; // the connection tried, and made
+    // The worker's own.
+    QLibrary libreria{QStringLiteral("speechd"), 2};
+    Speechd spd;
+    SPDConnection *connessione = nullptr;
+    int velocitaImpostata = 0;
+
+    void collega()
+    {
+        QByteArray motivo = "libreria libspeechd non trovata";
+        if (spd.carica(libreria)) {
+            char *errore = nullptr;
+            // Started on demand when installed but not running, as every
+            // speech-dispatcher client does.
+            connessione = spd.apri("composizione", "voce", nullptr, SPD_MODE_SINGLE, nullptr, 1, &errore);
+            if (!connessione)
+                motivo = errore ? QByteArray(errore) : QByteArray("servizio speech-dispatcher assente");
+            std::free(errore);
+        }
+        if (connessione) {
+            spd.lingua(connessione, "it");
+            spd.velocita(connessione, velocitaImpostata);
+        } else {
+            std::fprintf(stderr, "composizione: voce non disponibile: %s\n", motivo.constData());
+        }
+        std::lock_guard lk(m);
+        provata = true;
+        pronta = connessione != nullptr;
+    }
+
+    void pronuncia(const QByteArray &t, int v)
+    {
+        if (!connessione)
+            return;
+        if (v != velocitaImpostata && spd.velocita(connessione, v) == 0)
+            velocitaImpostata = v;
+        spd.annulla(connessione);
+        spd.di(connessione, SPD_TEXT, t.constData());
+    }
+};
+
+namespace {
+
+void lavora(std::shared_ptr<VoceSpeechd::Condiviso> c)
+{
+    std::unique_lock lk(c->m);
+    for (;;) {
+        c->cv.wait(lk, [&] { return c->fine || c->preparare || c->richieste != c->servite; });
+        if (c->fine)
+            break;
+        if (!c->tentata) {
+            c->tentata = true;
+            lk.unlock();
+            c->collega();
+            lk.lock();
+        }
+        c->preparare = false;
+        if (c->richieste == c->servite)
+            continue;
+        // A text that waits for a sound to end is dropped when a newer one comes first.
+        const std::uint64_t numero = c->richieste;
+        if (c->dopoMs > 0 && c->cv.wait_for(lk, std::chrono::milliseconds(c->dopoMs),
+                                            [&] { return c->fine || c->richieste != numero; }))
+            continue;
+        const QByteArray testo = c->testo;
+        const int velocita = c->velocita;
+        lk.unlock();
+        c->pronuncia(testo, velocita);
+        lk.lock();
+        c->servite = numero;
+        c->cv.notify_all();
+    }
+    if (c->connessione)
+        c->spd.chiudi(c->connessione);
+    c->finito = true;
+    c->cv.notify_all();
+}
+
+} // namespace
+
+VoceSpeechd::VoceSpeechd() : c_(std::make_shared<Condiviso>()) {}
+
+VoceSpeechd::~VoceSpeechd()
+{
+    if (!lavoro_.joinable())
+        return;
+    std::unique_lock lk(c_->m);
+    c_->fine = true;
+    c_->cv.notify_all();
+    // A service that hangs must not keep the program from ending.
+    const bool finito = c_->cv.wait_for(lk, std::chrono::milliseconds(500), [&] { return c_->finito; });
+    lk.unlock();
+    if (finito)
+        lavoro_.join();
+    else
+        lavoro_.detach();
+}
+
+void VoceSpeechd::avviaLavoro()
+{
+    if (!lavoro_.joinable())
+        lavoro_ = std::thread(lavora, c_);
+    c_->cv.notify_all();
+}
+
+void VoceSpeechd::prepara()
+{
+    {
+        std::lock_guard lk(c_->m);
+        c_->preparare = true;
+    }
+    avviaLavoro();
+}
+
+void VoceSpeechd::di(const QString &testo, int velocita, int dopoMs)
+{
+    {
+        std::lock_guard lk(c_->m);
+        if (c_->provata && !c_->pronta)
+            return;
+        c_->testo = testo.toUtf8();
+        c_->velocita = velocita;
+        c_->dopoMs = dopoMs;
+        ++c_->richieste;
+    }
+    avviaLavoro();
+}
+
+bool VoceSpeechd::pronta() const
+{
+    std::lock_guard lk(c_->m);
+    return c_->pronta;
+}
+
+bool VoceSpeechd::attendi(int ms) const
+{
+    std::unique_lock lk(c_->m);
+    return c_->cv.wait_for(lk, std::chrono::milliseconds(ms),
+                           [&] { return c_->provata && (!c_->pronta || c_->servite == c_->richieste); });
+}
