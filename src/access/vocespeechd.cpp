@@ -1,12 +1,12 @@
 #include "access/vocespeechd.h"
 
+#include <QDebug>
 #include <QLibrary>
 
 #include <libspeechd.h>
 
 #include <chrono>
 #include <condition_variable>
-#include <cstdio>
 #include <cstdlib>
 #include <mutex>
 
@@ -65,15 +65,16 @@ struct VoceSpeechd::Condiviso {
             // Started on demand when installed but not running, as every
             // speech-dispatcher client does.
             connessione = spd.apri("composizione", "voce", nullptr, SPD_MODE_SINGLE, nullptr, 1, &errore);
+            // The library explains at length, over several lines: the first says it.
             if (!connessione)
-                motivo = errore ? QByteArray(errore) : QByteArray("servizio speech-dispatcher assente");
+                motivo = errore ? QByteArray(errore).trimmed().split('\n').value(0) : QByteArray("servizio assente");
             std::free(errore);
         }
         if (connessione) {
             spd.lingua(connessione, "it");
             spd.velocita(connessione, velocitaImpostata);
         } else {
-            std::fprintf(stderr, "composizione: voce non disponibile: %s\n", motivo.constData());
+            qWarning("voce non disponibile: %s", motivo.constData());
         }
         std::lock_guard lk(m);
         provata = true;

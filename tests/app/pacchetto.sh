@@ -48,11 +48,14 @@ export prog here work
 xvfb-run -a -s "-screen 0 1280x1024x24" dbus-run-session -- bash -c '
   QT_QPA_PLATFORM=xcb QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1 "$prog/composizione" 2>"$work/xcb.log" &
   pid=$!
+  # With the voice off (no access file), nothing of speech-dispatcher is loaded.
+  ( sleep 3; grep -q libspeechd "/proc/$pid/maps" 2>/dev/null && echo speechd > "$work/voce.caricata" ) &
   stato=0
   /usr/bin/python3 "$here/guida_atspi.py" composizione || stato=$?
   if [ $stato -ne 0 ]; then kill "$pid" 2>/dev/null; cat "$work/xcb.log"; exit $stato; fi
   wait "$pid" || { echo "FAIL: the program ended with status $?"; cat "$work/xcb.log"; exit 1; }
 ' 2> >(grep -v -e "^dbus-daemon" -e "SpiRegistry" >&2)
+[ ! -e "$work/voce.caricata" ] || fallisci "libspeechd was loaded with the voice off"
 extra=$(find "$classe" -mindepth 1 ! -name 'composizione*')
 [ -z "$extra" ] || fallisci "files other than the program's own landed in the class folder: $extra"
 echo "ok   exercise done; the class folder holds only: $(ls "$classe" | tr '\n' ' ')"
