@@ -240,7 +240,11 @@ int AlsaSound::durataMs() const
         std::lock_guard lk(c_->m);
         percorso = c_->percorso;
     }
-    return DurataWavMs(percorso);
+    if (percorso != misurato_) {
+        misurato_ = percorso;
+        durataMs_ = DurataWavMs(percorso);
+    }
+    return durataMs_;
 }
 
 std::int64_t AlsaSound::ultimoAvvioNs() const

@@ -44,4 +44,7 @@ private:
     // hangs while the program ends.
     std::shared_ptr<Condiviso> c_;
     std::thread lavoro_;
+    // The length of the file last asked about: read once, not at every answer.
+    mutable QString misurato_;
+    mutable int durataMs_ = 0;
 };

@@ -187,6 +187,10 @@ private slots:
             suono.suona(); // a second right answer while the first still plays
             QVERIFY2(t.elapsed() < 200, qPrintable(QString::number(t.elapsed())));
             QTest::qWait(300); // loading and playback go on in the worker
+            // The voice waits this long before "Esatto": the sound is 0.42 s.
+            QCOMPARE(suono.durataMs(), 420);
+            suono.carica(percorso + QStringLiteral(".manca"));
+            QCOMPARE(suono.durataMs(), 0);
         }
         QVERIFY2(t.elapsed() < 1300, qPrintable(QString::number(t.elapsed())));
     }
