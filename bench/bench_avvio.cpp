@@ -17,6 +17,7 @@
 //   bench_avvio [runs] ["command line"...]   more programs are measured alongside
 //                                            (e.g. an older build of the program)
 #include "app/programma.h"
+#include "pilota.h"
 #include "fakes/serviziovoce.h"
 #include "ui/rigaopzioni.h"
 
@@ -45,18 +46,6 @@ long piccoMemoriaKb()
     rusage u{};
     getrusage(RUSAGE_SELF, &u);
     return u.ru_maxrss;
-}
-
-void tasto(Qt::Key k, const QString &testo)
-{
-    QWidget *f = QApplication::focusWidget();
-    if (!f)
-        return;
-    QKeyEvent giu(QEvent::KeyPress, k, Qt::NoModifier, testo);
-    QApplication::sendEvent(f, &giu);
-    QKeyEvent su(QEvent::KeyRelease, k, Qt::NoModifier, testo);
-    QApplication::sendEvent(f, &su);
-    QApplication::processEvents();
 }
 
 void carattere(QChar c)

@@ -7,6 +7,7 @@
 // The program is driven as a pupil at the keyboard drives it: start screen,
 // Return three times, each answer typed, "Verifica", "Avanti".
 #include "app/programma.h"
+#include "pilota.h"
 #include "content/parole.h"
 #include "fakes/serviziovoce.h"
 
@@ -19,18 +20,6 @@
 #include <vector>
 
 namespace {
-
-void tasto(Qt::Key k, const QString &testo)
-{
-    QWidget *f = QApplication::focusWidget();
-    if (!f)
-        return;
-    QKeyEvent giu(QEvent::KeyPress, k, Qt::NoModifier, testo);
-    QApplication::sendEvent(f, &giu);
-    QKeyEvent su(QEvent::KeyRelease, k, Qt::NoModifier, testo);
-    QApplication::sendEvent(f, &su);
-    QApplication::processEvents();
-}
 
 void attendi(int ms)
 {

@@ -131,63 +131,41 @@ void lavora(std::shared_ptr<VoceSpeechd::Condiviso> c)
 
 } // namespace
 
-VoceSpeechd::VoceSpeechd() : c_(std::make_shared<Condiviso>()) {}
+VoceSpeechd::VoceSpeechd() : lavoro_(lavora) {}
 
-VoceSpeechd::~VoceSpeechd()
-{
-    if (!lavoro_.joinable())
-        return;
-    std::unique_lock lk(c_->m);
-    c_->fine = true;
-    c_->cv.notify_all();
-    // A service that hangs must not keep the program from ending.
-    const bool finito = c_->cv.wait_for(lk, std::chrono::milliseconds(500), [&] { return c_->finito; });
-    lk.unlock();
-    if (finito)
-        lavoro_.join();
-    else
-        lavoro_.detach();
-}
-
-void VoceSpeechd::avviaLavoro()
-{
-    if (!lavoro_.joinable())
-        lavoro_ = std::thread(lavora, c_);
-    c_->cv.notify_all();
-}
+VoceSpeechd::~VoceSpeechd() = default;
 
 void VoceSpeechd::prepara()
 {
-    {
-        std::lock_guard lk(c_->m);
-        c_->preparare = true;
-    }
-    avviaLavoro();
+    lavoro_.chiedi([](Condiviso &c) {
+        c.preparare = true;
+        return true;
+    });
 }
 
 void VoceSpeechd::di(const QString &testo, int velocita, int dopoMs)
 {
-    {
-        std::lock_guard lk(c_->m);
-        if (c_->provata && !c_->pronta)
-            return;
-        c_->testo = testo.toUtf8();
-        c_->velocita = velocita;
-        c_->dopoMs = dopoMs;
-        ++c_->richieste;
-    }
-    avviaLavoro();
+    lavoro_.chiedi([&](Condiviso &c) {
+        if (c.provata && !c.pronta)
+            return false;
+        c.testo = testo.toUtf8();
+        c.velocita = velocita;
+        c.dopoMs = dopoMs;
+        ++c.richieste;
+        return true;
+    });
 }
 
 bool VoceSpeechd::pronta() const
 {
-    std::lock_guard lk(c_->m);
-    return c_->pronta;
+    std::lock_guard lk(lavoro_.c->m);
+    return lavoro_.c->pronta;
 }
 
 bool VoceSpeechd::attendi(int ms) const
 {
-    std::unique_lock lk(c_->m);
-    return c_->cv.wait_for(lk, std::chrono::milliseconds(ms),
-                           [&] { return c_->provata && (!c_->pronta || c_->servite == c_->richieste); });
+    const auto &c = lavoro_.c;
+    std::unique_lock lk(c->m);
+    return c->cv.wait_for(lk, std::chrono::milliseconds(ms),
+                          [&] { return c->provata && (!c->pronta || c->servite == c->richieste); });
 }

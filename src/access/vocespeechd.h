@@ -5,9 +5,8 @@
 // own, when prepara() asks (once the first screen is on view) or at the first
 // utterance. The GUI thread only hands over the newest text. With no service
 // the program stays silent and says so once on the terminal.
+#include "ui/lavoro.h"
 #include "ui/voce.h"
-#include <memory>
-#include <thread>
 
 class VoceSpeechd final : public IVoce
 {
@@ -29,10 +28,5 @@ public:
     struct Condiviso;
 
 private:
-    void avviaLavoro();
-
-    // Shared with the worker, which may outlive this object when the service
-    // hangs while the program ends.
-    std::shared_ptr<Condiviso> c_;
-    std::thread lavoro_;
+    Lavoro<Condiviso> lavoro_;
 };

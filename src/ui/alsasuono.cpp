@@ -181,64 +181,40 @@ void lavora(std::shared_ptr<AlsaSound::Condiviso> c)
 
 } // namespace
 
-AlsaSound::AlsaSound() : c_(std::make_shared<Condiviso>()) {}
+AlsaSound::AlsaSound() : lavoro_(lavora) {}
 
-AlsaSound::~AlsaSound()
-{
-    if (!lavoro_.joinable())
-        return;
-    std::unique_lock lk(c_->m);
-    c_->fine = true;
-    c_->cv.notify_all();
-    // A device that hangs must not keep the program from ending: after a
-    // short wait the worker, which owns what it uses, is left to the system.
-    const bool finito = c_->cv.wait_for(lk, std::chrono::milliseconds(500), [&] { return c_->finito; });
-    lk.unlock();
-    if (finito)
-        lavoro_.join();
-    else
-        lavoro_.detach();
-}
-
-void AlsaSound::avviaLavoro()
-{
-    if (!lavoro_.joinable())
-        lavoro_ = std::thread(lavora, c_);
-    c_->cv.notify_all();
-}
+AlsaSound::~AlsaSound() = default;
 
 void AlsaSound::carica(const QString &percorso)
 {
-    std::lock_guard lk(c_->m);
-    c_->percorso = percorso;
+    std::lock_guard lk(lavoro_.c->m);
+    lavoro_.c->percorso = percorso;
 }
 
 void AlsaSound::prepara()
 {
-    {
-        std::lock_guard lk(c_->m);
-        c_->preparare = true;
-    }
-    avviaLavoro();
+    lavoro_.chiedi([](Condiviso &c) {
+        c.preparare = true;
+        return true;
+    });
 }
 
 void AlsaSound::suona()
 {
-    {
-        std::lock_guard lk(c_->m);
-        if (c_->percorso.isEmpty())
-            return;
-        ++c_->richieste;
-    }
-    avviaLavoro();
+    lavoro_.chiedi([](Condiviso &c) {
+        if (c.percorso.isEmpty())
+            return false;
+        ++c.richieste;
+        return true;
+    });
 }
 
 int AlsaSound::durataMs() const
 {
     QString percorso;
     {
-        std::lock_guard lk(c_->m);
-        percorso = c_->percorso;
+        std::lock_guard lk(lavoro_.c->m);
+        percorso = lavoro_.c->percorso;
     }
     if (percorso != misurato_) {
         misurato_ = percorso;
@@ -249,5 +225,5 @@ int AlsaSound::durataMs() const
 
 std::int64_t AlsaSound::ultimoAvvioNs() const
 {
-    return c_->avvioNs;
+    return lavoro_.c->avvioNs;
 }

@@ -8,10 +8,9 @@
 // (once the first screen is on view) or at the first suona(). The GUI thread
 // only hands over requests, so a right answer never waits for the sound, and
 // no device, no library or no file just means silence.
+#include "ui/lavoro.h"
 #include "ui/suono.h"
 #include <cstdint>
-#include <memory>
-#include <thread>
 
 class AlsaSound final : public ISound
 {
@@ -38,12 +37,7 @@ public:
     struct Condiviso;
 
 private:
-    void avviaLavoro();
-
-    // Shared with the worker, which may outlive this object when a device
-    // hangs while the program ends.
-    std::shared_ptr<Condiviso> c_;
-    std::thread lavoro_;
+    Lavoro<Condiviso> lavoro_;
     // The length of the file last asked about: read once, not at every answer.
     mutable QString misurato_;
     mutable int durataMs_ = 0;
