@@ -1,4 +1,5 @@
 #include "access/vocespeechd.h"
+#include "ui/libreria.h"
 
 #include <QDebug>
 #include <QLibrary>
@@ -23,20 +24,14 @@ struct Speechd {
 
     bool carica(QLibrary &l)
     {
-        if (!l.load())
-            return false;
-        bool tutte = true;
-        const auto r = [&](auto &f, const char *nome) {
-            f = reinterpret_cast<std::remove_reference_t<decltype(f)>>(l.resolve(nome));
-            tutte = tutte && f;
-        };
-        r(apri, "spd_open2");
-        r(chiudi, "spd_close");
-        r(di, "spd_say");
-        r(annulla, "spd_cancel");
-        r(lingua, "spd_set_language");
-        r(velocita, "spd_set_voice_rate");
-        return tutte;
+        return Risolutore(l)
+            (apri, "spd_open2")
+            (chiudi, "spd_close")
+            (di, "spd_say")
+            (annulla, "spd_cancel")
+            (lingua, "spd_set_language")
+            (velocita, "spd_set_voice_rate")
+            .tutte();
     }
 };
 

@@ -1,4 +1,5 @@
 #include "ui/alsasuono.h"
+#include "ui/libreria.h"
 #include "ui/wav.h"
 
 #include <QLibrary>
@@ -33,26 +34,20 @@ struct Alsa {
 
     bool carica(QLibrary &l)
     {
-        if (!l.load())
-            return false;
-        bool tutte = true;
-        const auto r = [&](auto &f, const char *nome) {
-            f = reinterpret_cast<std::remove_reference_t<decltype(f)>>(l.resolve(nome));
-            tutte = tutte && f;
-        };
-        r(gestoreErrori, "snd_lib_error_set_handler");
-        r(leggiConfigurazione, "snd_config_update");
-        r(apri, "snd_pcm_open");
-        r(parametri, "snd_pcm_set_params");
-        r(scrivi, "snd_pcm_writei");
-        r(recupera, "snd_pcm_recover");
-        r(attendi, "snd_pcm_wait");
-        r(stato, "snd_pcm_state");
-        r(avvia, "snd_pcm_start");
-        r(ritardo, "snd_pcm_delay");
-        r(ferma, "snd_pcm_drop");
-        r(chiudi, "snd_pcm_close");
-        return tutte;
+        return Risolutore(l)
+            (gestoreErrori, "snd_lib_error_set_handler")
+            (leggiConfigurazione, "snd_config_update")
+            (apri, "snd_pcm_open")
+            (parametri, "snd_pcm_set_params")
+            (scrivi, "snd_pcm_writei")
+            (recupera, "snd_pcm_recover")
+            (attendi, "snd_pcm_wait")
+            (stato, "snd_pcm_state")
+            (avvia, "snd_pcm_start")
+            (ritardo, "snd_pcm_delay")
+            (ferma, "snd_pcm_drop")
+            (chiudi, "snd_pcm_close")
+            .tutte();
     }
 };
 
