@@ -177,7 +177,8 @@ void frmOperativo::mostraNumero()
     scrivi(lblEsito_, {});
     scrivi(label7_, dueSpazi(it.NumeroModello));
     inizioTastierino();
-    stato_.parla(FraseDomanda(it, stato_.topic, stato_.titoli.Label6[2], true));
+    if (stato_.accesso.voce)
+        stato_.parla(FraseDomanda(it, stato_.topic, stato_.titoli.Label6[2], true));
 }
 
 void frmOperativo::mostraSimbolo()
@@ -193,7 +194,8 @@ void frmOperativo::mostraSimbolo()
     scrivi(lblEsito_, {});
     scrivi(label7_, dueSpazi(it.NumeroModello));
     inizioSimboli();
-    stato_.parla(FraseDomanda(it, stato_.topic, stato_.titoli.Label6[2], false));
+    if (stato_.accesso.voce)
+        stato_.parla(FraseDomanda(it, stato_.topic, stato_.titoli.Label6[2], false));
 }
 
 void frmOperativo::Verifica()
@@ -286,7 +288,8 @@ void frmOperativo::MostraCorrezione()
         rigaCorrente() += CodaCorrezione(*spazi, corretta, testoTempoParziale_);
         fuoco(riga, avanti);
         ControllaFine();
-        stato_.parla(FraseCorrezione(it, stato_.topic, stato_.titoli.Label6[2], riga == option2_));
+        if (stato_.accesso.voce)
+            stato_.parla(FraseCorrezione(it, stato_.topic, stato_.titoli.Label6[2], riga == option2_));
     };
     if (voceNumero())
         correggi(option2_, fraTastierino_, 13, lblCorrezione_, it.TestoNumero, &spaziNumero_);

@@ -44,7 +44,8 @@ struct Stato {
 
     Servizi servizi;
 
-    // Says `testo` when the voice is on; silent otherwise.
+    // Says `testo` when the voice is on; silent otherwise. Callers that build
+    // a sentence first ask accesso.voce, so that a silent exercise builds none.
     void parla(const QString &testo, int dopoMs = 0);
     // How many times the program has spoken so far.
     quint64 detti = 0;
