@@ -23,6 +23,7 @@ class TstVoce : public QObject
     }
     static constexpr const char *testi = "Queueing message \\|(.*)\\| with priority";
     static constexpr const char *velocita = "^rate=(-?\\d+)$";
+    static constexpr const char *connessioni = "CLIENT_NAME \"(.*:composizione:voce)\"";
 
 private slots:
     void initTestCase()
@@ -33,7 +34,7 @@ private slots:
     }
 
     // An item shown, a right answer: the question, then "Esatto", at the rate
-    // of the access file.
+    // of the access file, over one connection.
     void esercizio()
     {
         VoceSpeechd voce;
@@ -53,6 +54,8 @@ private slots:
         QTRY_COMPARE_WITH_TIMEOUT(ricevuti(testi).size(), 2, 10000);
         QCOMPARE(ricevuti(testi), QStringList({"Quattro centinaia, cinque decine. Quante decine sono?", "Esatto"}));
         QVERIFY(ricevuti(velocita).contains(QStringLiteral("-20")));
+        // One connection serves every utterance.
+        QCOMPARE(ricevuti(connessioni).size(), 1);
     }
 
     // No service where the program looks for one: silence, one line on the
