@@ -116,6 +116,11 @@ struct Banco : Mondo {
                 v << nome + u'=' + voce.detti.join(QStringLiteral(" / "));
                 continue;
             }
+            if (nome == QLatin1String("acceso")) { // the focused key drawn as focused
+                const QWidget *f = QApplication::focusWidget();
+                v << nome + u'=' + (f && f->styleSheet().contains(QLatin1String("4px solid")) ? "si" : "no");
+                continue;
+            }
             const QWidget *c = w->findChild<QWidget *>(nome);
             const auto *l = qobject_cast<const QLabel *>(c);
             const auto *b = qobject_cast<const QAbstractButton *>(c);

@@ -56,6 +56,12 @@ private slots:
         QVERIFY(ricevuti(velocita).contains(QStringLiteral("-20")));
         // One connection serves every utterance.
         QCOMPARE(ricevuti(connessioni).size(), 1);
+        // A text kept back for a sound gives way at once to a newer one.
+        voce.di(QStringLiteral("Esatto"), 0, 5000);
+        voce.di(QStringLiteral("Tre decine. Quante unità sono?"), 0);
+        QVERIFY(voce.attendi(2500));
+        QTRY_COMPARE_WITH_TIMEOUT(ricevuti(testi).size(), 3, 10000);
+        QCOMPARE(ricevuti(testi).last(), QStringLiteral("Tre decine. Quante unità sono?"));
     }
 
     // No service where the program looks for one: silence, one line on the
