@@ -21,8 +21,9 @@ QString VoceTasti::nome(const QWidget *w)
     QString testo = w->accessibleName();
     if (const auto *b = qobject_cast<const QAbstractButton *>(w); b && testo.isEmpty())
         testo = b->text();
-    if (const auto *c = qobject_cast<const QComboBox *>(w); c && testo.isEmpty())
-        testo = c->currentText();
+    // A list is said with the entry it shows: each press picks the next one.
+    if (const auto *c = qobject_cast<const QComboBox *>(w))
+        testo = testo.isEmpty() ? c->currentText() : testo + QStringLiteral(": ") + c->currentText();
     return ParolaTasto(testo);
 }
 
