@@ -11,6 +11,7 @@
 #include "ui/alsasuono.h"
 #include "ui/qtpiattaforma.h"
 #include "ui/qtstampante.h"
+#include "ui/sceltafile.h"
 
 class Programma
 {
@@ -34,6 +35,7 @@ private:
     QtMessageBox messaggi_;
     AlsaSound suono_;
     QtPrinter stampante_;
+    QtSceltaFile sceltaFile_;
     GestoreSchermi schermi_;
     QtSveglia svegliaFiltro_, svegliaScansione_;
     FiltroIngressi filtro_;
