@@ -229,12 +229,14 @@ bool AggiungiRisultato(const QString &percorso, const Risultato &r, QString *err
     QFile f(percorso);
     if (!f.open(QIODevice::ReadWrite | QIODevice::Unbuffered))
         return fallito(errore, f);
+    // A device in the file's place (a pipe, /dev/full) is written as it comes.
+    const bool flusso = f.isSequential();
     const qint64 fine = f.size();
     char ultimo = '\n';
-    if (fine > 0 && (!f.seek(fine - 1) || !f.getChar(&ultimo)))
+    if (fine > 0 && !flusso && (!f.seek(fine - 1) || !f.getChar(&ultimo)))
         return fallito(errore, f);
     const QByteArray dati = ultimo == '\n' ? riga : kFineRiga + riga;
-    if (f.seek(fine) && f.write(dati) == dati.size() && f.flush())
+    if ((flusso || f.seek(fine)) && f.write(dati) == dati.size() && f.flush())
         return true;
     fallito(errore, f);
     // A row half written would only be skipped when read: take it back.
