@@ -20,7 +20,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QStandardPaths>
-#include <QTableView>
+#include <QTreeView>
 #include <QVBoxLayout>
 
 namespace {
@@ -66,7 +66,7 @@ public:
         const Risultato &r = r_.at(indice(i.row()));
         switch (i.column()) {
         case 0: return quando(r);
-        case 1: return QStringLiteral("%1. %2").arg(r.numeroArgomento).arg(r.argomento);
+        case 1: return QStringLiteral("%1. %2").arg(r.numeroArgomento).arg(r.argomento.simplified());
         case 2: return r.tipo;
         case 3: return r.esatte;
         case 4: return r.errate;
@@ -143,7 +143,9 @@ FrmRisultati::FrmRisultati(Stato &stato, QWidget *parent)
     // Made after the screen's controls were taken for scaling: the frame
     // moves, the table fills it.
     modello_ = new Modello(letti_.risultati, this);
-    tabella_ = new QTableView(cornice);
+    // A list of rows with columns: unlike a table view it has no corner key
+    // for a screen reader to stumble on, and it keeps its rows one line high.
+    tabella_ = new QTreeView(cornice);
     tabella_->setObjectName(QStringLiteral("tabella"));
     tabella_->setAccessibleName(QStringLiteral("Esercizi, dal più recente"));
     tabella_->setModel(modello_);
@@ -152,13 +154,19 @@ FrmRisultati::FrmRisultati(Stato &stato, QWidget *parent)
     tabella_->setSelectionBehavior(QAbstractItemView::SelectRows);
     tabella_->setSelectionMode(QAbstractItemView::SingleSelection);
     tabella_->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    tabella_->verticalHeader()->hide();
+    tabella_->setRootIsDecorated(false);
+    tabella_->setItemsExpandable(false);
+    tabella_->setUniformRowHeights(true);
+    tabella_->setAlternatingRowColors(true);
     tabella_->setFont(FontArial(10));
-    tabella_->horizontalHeader()->setFont(FontArial(10, true));
-    tabella_->horizontalHeader()->setSectionResizeMode(1, QHeaderView::Stretch);
-    tabella_->horizontalHeader()->setSectionResizeMode(2, QHeaderView::Stretch);
+    QHeaderView *testata = tabella_->header();
+    testata->setFont(FontArial(10, true));
+    testata->setStretchLastSection(false);
+    testata->setDefaultAlignment(Qt::AlignCenter);
     for (int c : {0, 3, 4, 5})
-        tabella_->setColumnWidth(c, c ? 80 : 140);
+        testata->resizeSection(c, c ? 80 : 140);
+    testata->setSectionResizeMode(1, QHeaderView::Stretch);
+    testata->resizeSection(2, 260);
     auto *strato = new QVBoxLayout(cornice);
     strato->setContentsMargins(0, 0, 0, 0);
     strato->addWidget(tabella_);
@@ -179,9 +187,15 @@ void FrmRisultati::carica()
     letti_ = LeggiRisultati(percorso_);
     modello_->cambiato();
     grafico_->mostra(&letti_.risultati);
-    const QString file = QDir::toNativeSeparators(info.absoluteFilePath());
+    // The name only: the folder is the one the program works in, and the
+    // whole path is a hover or a screen reader away.
+    const QString file = info.fileName();
+    lblStato_->setToolTip(QDir::toNativeSeparators(info.absoluteFilePath()));
+    lblStato_->setAccessibleDescription(lblStato_->toolTip());
     const qsizetype n = letti_.risultati.size();
-    QString t = n == 0   ? QStringLiteral("Nessun esercizio registrato nel file %1.").arg(file)
+    QString t = dimensione_ < 0
+                    ? QStringLiteral("Ancora nessun esercizio: il file %1 nasce alla fine del primo esercizio finito.").arg(file)
+                : n == 0 ? QStringLiteral("Nessun esercizio nel file %1.").arg(file)
                 : n == 1 ? QStringLiteral("1 esercizio nel file %1.").arg(file)
                          : QStringLiteral("%1 esercizi nel file %2.").arg(n).arg(file);
     if (letti_.scartate == 1)
@@ -204,11 +218,11 @@ void FrmRisultati::scegli(int indice)
     const Risultato *r = indice >= 0 ? &letti_.risultati.at(indice) : nullptr;
     if (r) {
         const int riga = n - 1 - indice;
-        tabella_->selectRow(riga);
+        tabella_->setCurrentIndex(modello_->index(riga, 0));
         tabella_->scrollTo(modello_->index(riga, 0));
     }
     esercizio_->setText(r ? QStringLiteral("%1   %2   %3: %4 esatte, %5 errate, %6 secondi")
-                                .arg(quando(*r), r->argomento, r->tipo)
+                                .arg(quando(*r), r->argomento.simplified(), r->tipo)
                                 .arg(r->esatte)
                                 .arg(r->errate)
                                 .arg(r->secondi)

@@ -12,7 +12,7 @@
 class GraficoRisultati;
 class QKeyEvent;
 class QLabel;
-class QTableView;
+class QTreeView;
 class RigaOpzioni;
 struct Stato;
 
@@ -52,7 +52,7 @@ private:
     ResizeColore resize_;
     RigaOpzioni *tasti_ = nullptr;
     GraficoRisultati *grafico_ = nullptr;
-    QTableView *tabella_ = nullptr;
+    QTreeView *tabella_ = nullptr;
     class Modello;
     Modello *modello_ = nullptr;
     QLabel *lblStato_ = nullptr, *esercizio_ = nullptr;

@@ -56,7 +56,7 @@ void GraficoRisultati::evidenzia(int indice)
 
 QRect GraficoRisultati::area() const
 {
-    return rect().adjusted(34, 18, -10, -18);
+    return rect().adjusted(34, 18, -10, -8);
 }
 
 int GraficoRisultati::posti() const
@@ -131,9 +131,10 @@ void GraficoRisultati::paintEvent(QPaintEvent *)
         }
     }
     p.setPen(Qt::black);
-    const int fine = std::min(a.right(), a.left() + int(dati_.barre.size()) * passo);
-    p.drawText(QRect(a.left(), a.bottom() + 3, 120, 14), Qt::AlignLeft, giorno(*risultati_, dati_.barre.first().indice));
-    p.drawText(QRect(fine - 120, a.bottom() + 3, 120, 14), Qt::AlignRight, giorno(*risultati_, dati_.barre.last().indice));
+    const QString primo = giorno(*risultati_, dati_.barre.first().indice),
+                  ultimo = giorno(*risultati_, dati_.barre.last().indice);
+    p.drawText(QRect(a.left(), 2, a.width(), 14), Qt::AlignRight,
+               primo == ultimo ? QStringLiteral("il %1").arg(primo) : QStringLiteral("dal %1 al %2").arg(primo, ultimo));
 }
 
 void GraficoRisultati::mousePressEvent(QMouseEvent *e)
