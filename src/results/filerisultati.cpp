@@ -52,19 +52,18 @@ Riga leggiRiga(const QByteArray &d, qsizetype i)
         if (i < n && d[i] == '"') {
             ++i;
             for (;;) {
-                if (i >= n) {
+                const qsizetype q = d.indexOf('"', i);
+                if (q < 0) {
                     r.intera = false;
+                    i = n;
                     break;
                 }
-                if (d[i] == '"' && i + 1 < n && d[i + 1] == '"') {
-                    campo += '"';
-                    i += 2;
-                } else if (d[i] == '"') {
-                    ++i;
+                campo += QByteArrayView(d).sliced(i, q - i);
+                i = q + 1;
+                if (i >= n || d[i] != '"')
                     break;
-                } else {
-                    campo += d[i++];
-                }
+                campo += '"'; // a doubled quote
+                ++i;
             }
             while (i < n && d[i] == '\r')
                 ++i;
