@@ -324,7 +324,9 @@ void FrmRisultati::esporta()
     ISceltaFile *scelta = stato_.servizi.file;
     if (!scelta)
         return;
-    const QString cartella = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    QString cartella = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    if (!QFileInfo(cartella).isDir())
+        cartella = QDir::homePath();
     const QString proposto = QDir(cartella).filePath(
         QStringLiteral("%1Risultati-%2.csv").arg(stato_.settings.NomeFile, QDate::currentDate().toString(Qt::ISODate)));
     const QString verso = scelta->salvaCome(QStringLiteral("Esporta i risultati"), proposto);
