@@ -106,16 +106,7 @@ FrmRisultati::FrmRisultati(Stato &stato, QWidget *parent)
     cornice->setObjectName(QStringLiteral("cornice"));
     cornice->setGeometry(20, 194, 960, 140);
 
-    auto *foglio = new QFrame(this);
-    foglio->setObjectName(QStringLiteral("Foglio"));
-    foglio->setAccessibleName(QStringLiteral("Righe dell'esercizio scelto"));
-    foglio->setFrameShape(QFrame::Box);
-    foglio->setAutoFillBackground(true);
-    QPalette p = foglio->palette();
-    p.setColor(QPalette::Window, Qt::white);
-    p.setColor(QPalette::WindowText, Qt::black);
-    foglio->setPalette(p);
-    foglio->setGeometry(20, 340, 960, 352);
+    QFrame *foglio = Foglio(this, QStringLiteral("Righe dell'esercizio scelto"), {20, 340, 960, 352});
     esercizio_ = etichetta(foglio, QStringLiteral("lblEsercizio"), {8, 4, 940, 20}, FontArial(10, true));
     QFont riga(QStringLiteral("Courier New"), 10, QFont::Bold);
     riga.setStyleHint(QFont::TypeWriter);
