@@ -75,23 +75,18 @@ private slots:
     // written again and read back, is the same row.
     void lettura_data()
     {
-        QTest::addColumn<QByteArray>("file");
-        QTest::addColumn<bool>("assente");
+        QTest::addColumn<QByteArray>("file"); // null: no file at all
         QTest::addColumn<QStringList>("attese");
+        QStringList righe = righeAttese(QStringLiteral("risultati.txt")) << QStringLiteral("file");
         QString nome;
         QByteArray file;
         QStringList attese;
-        bool assente = false;
-        const auto aggiungi = [&] {
-            if (!nome.isEmpty())
-                QTest::newRow(qPrintable(nome)) << file << assente << attese;
-        };
-        for (const QString &r : righeAttese(QStringLiteral("risultati.txt"))) {
-            if (r.startsWith(QLatin1String("file "))) {
-                aggiungi();
+        for (const QString &r : righe) {
+            if (r.startsWith(QLatin1String("file"))) {
+                if (!nome.isEmpty())
+                    QTest::newRow(qPrintable(nome)) << file << attese;
                 nome = r.section(u' ', 1, 1);
-                assente = r.endsWith(QLatin1String(" assente"));
-                file.clear();
+                file = r.endsWith(QLatin1String(" assente")) ? QByteArray() : QByteArray("");
                 attese.clear();
             } else if (r.startsWith(u'>')) {
                 const QString fine = r.startsWith(QLatin1String(">>")) ? "\n" : r.startsWith(QLatin1String(">|")) ? "" : "\r\n";
@@ -100,15 +95,13 @@ private slots:
                 attese << r;
             }
         }
-        aggiungi();
     }
     void lettura()
     {
         QFETCH(QByteArray, file);
-        QFETCH(bool, assente);
         QFETCH(QStringList, attese);
         CartellaDiProva c;
-        QVERIFY(assente || scriviFile(QStringLiteral("r.csv"), file));
+        QVERIFY(file.isNull() || scriviFile(QStringLiteral("r.csv"), file));
         const LetturaRisultati l = LeggiRisultati(QStringLiteral("r.csv"));
         QString letti = QStringLiteral("letti");
         QStringList viste;
@@ -227,40 +220,26 @@ private slots:
         }
     }
 
-    // The last bars that fit, oldest first; a scale of twenty, or of the
-    // next multiple of five that holds every bar.
+    // The chart's bars and scale for the rows of tests/data/risultati.txt.
     void grafico_data()
     {
-        QTest::addColumn<QList<int>>("esatte");
-        QTest::addColumn<QList<int>>("errate");
-        QTest::addColumn<int>("posti");
-        QTest::addColumn<QList<int>>("indici");
-        QTest::addColumn<int>("scala");
-        QTest::newRow("none") << QList<int>{} << QList<int>{} << 10 << QList<int>{} << 20;
-        QTest::newRow("all fit") << QList<int>{12, 15, 20} << QList<int>{9, 5, 0} << 3 << QList<int>{0, 1, 2} << 20;
-        QTest::newRow("the last two") << QList<int>{1, 2, 3, 4, 5} << QList<int>{0, 0, 0, 0, 0} << 2 << QList<int>{3, 4} << 20;
-        QTest::newRow("wrong past twenty") << QList<int>{10, 5} << QList<int>{21, 40} << 5 << QList<int>{0, 1} << 40;
-        QTest::newRow("wrong past twenty, rounded") << QList<int>{10} << QList<int>{23} << 5 << QList<int>{0} << 25;
-        QTest::newRow("no room") << QList<int>{10} << QList<int>{3} << 0 << QList<int>{} << 20;
+        QTest::addColumn<QStringList>("campi");
+        for (const QString &v : voci(QStringLiteral("grafico")))
+            QTest::newRow(qPrintable(v)) << v.split(u'|');
     }
     void grafico()
     {
-        QFETCH(QList<int>, esatte);
-        QFETCH(QList<int>, errate);
-        QFETCH(int, posti);
-        QFETCH(QList<int>, indici);
-        QFETCH(int, scala);
+        QFETCH(QStringList, campi);
         QList<Risultato> r;
-        QList<DatiGrafico::Barra> attese;
-        for (int i = 0; i < esatte.size(); ++i) {
-            r << esempio(1, esatte[i]);
-            r.last().errate = errate[i];
+        for (const QString &c : campi[1].split(u' ', Qt::SkipEmptyParts)) {
+            r << esempio(1, c.section(u'/', 0, 0).toInt());
+            r.last().errate = c.section(u'/', 1).toInt();
         }
-        for (int i : indici)
-            attese << DatiGrafico::Barra{esatte[i], errate[i], i};
-        const DatiGrafico d = CalcolaGrafico(r, posti);
-        QCOMPARE(d.barre, attese);
-        QCOMPARE(d.scala, scala);
+        const DatiGrafico d = CalcolaGrafico(r, campi[0].toInt());
+        QString barre;
+        for (const DatiGrafico::Barra &b : d.barre)
+            barre += QStringLiteral(" %1:%2/%3").arg(b.indice).arg(b.esatte).arg(b.errate);
+        QCOMPARE(barre.trimmed() + QStringLiteral(" | ") + QString::number(d.scala), campi[2].trimmed() + QStringLiteral(" | ") + campi[3].trimmed());
     }
 
     // The screen on three exercises and a torn row: newest first, the skipped
@@ -277,8 +256,8 @@ private slots:
         const QByteArray file = leggiFile(QStringLiteral("provaRisultati.csv"));
         QVERIFY(scriviFile(QStringLiteral("provaRisultati.csv"), file + RigaCsv(esempio(17, 1)).left(60)));
         auto w = m.apri<FrmRisultati>();
-        QVERIFY(w->findChild<QLabel *>(QStringLiteral("lblStato"))->text().contains(QLatin1String("3 esercizi nel file")));
-        QVERIFY(w->findChild<QLabel *>(QStringLiteral("lblStato"))->text().contains(QLatin1String("1 riga danneggiata")));
+        const QString detto = w->findChild<QLabel *>(QStringLiteral("lblStato"))->text();
+        QVERIFY2(detto.contains(QLatin1String("3 esercizi nel file")) && detto.contains(QLatin1String("1 riga danneggiata")), qPrintable(detto));
         Utente u{w.get()};
         QCOMPARE(w->scelto(), 2);
         u.esegui(QStringLiteral("Down Down Down Up"));
