@@ -260,17 +260,17 @@ private slots:
         QVERIFY2(detto.contains(QLatin1String("3 esercizi nel file")) && detto.contains(QLatin1String("1 riga danneggiata")), qPrintable(detto));
         Utente u{w.get()};
         QCOMPARE(w->scelto(), 2);
-        u.esegui(QStringLiteral("Down Down Down Up"));
-        QCOMPARE(w->scelto(), 1);
-        QCOMPARE(w->findChild<QLabel *>(QStringLiteral("LblRiga(20)"))->text(), esempio(15, 15).righe.last());
+        u.esegui(QStringLiteral("Down Down Up Down Down"));
+        QCOMPARE(w->scelto(), 0);
+        QCOMPARE(w->findChild<QLabel *>(QStringLiteral("LblRiga(20)"))->text(), esempio(14, 14).righe.last());
         u.esegui(QStringLiteral("scan:Risultati(2)"));
         const QStringList &p = m.stampante.pagina;
         QCOMPARE(p.size(), 24);
         QCOMPARE(p.mid(0, 3), QStringList({"1000 1000 Courier New 16 |SCUOLA ELEMENTARE DI |",
                                            "1000 1384 Courier New 16 |Componi i seguenti valori|",
-                                           "1000 1768 Courier New 11 |Esercizio del 15/09/2026, ore 10:00|"}));
-        QCOMPARE(p[3], "1000 2000 Courier New 10b |" + esempio(15, 15).righe[0] + "|");
-        QCOMPARE(p[13], "1000 9000 Courier New 10b |" + esempio(15, 15).righe[10] + "|");
+                                           "1000 1768 Courier New 11 |Esercizio del 14/09/2026, ore 10:00|"}));
+        QCOMPARE(p[3], "1000 2000 Courier New 10b |" + esempio(14, 14).righe[0] + "|");
+        QCOMPARE(p[13], "1000 9000 Courier New 10b |" + esempio(14, 14).righe[10] + "|");
         scelta.verso = QDir::current().absoluteFilePath(QStringLiteral("copia.csv"));
         u.esegui(QStringLiteral("scan:Risultati(3)"));
         QCOMPARE(leggiFile(QStringLiteral("copia.csv")), leggiFile(QStringLiteral("provaRisultati.csv")));
