@@ -119,23 +119,25 @@ std::optional<Risultato> risultato(const QList<QByteArray> &c)
     return r;
 }
 
-QString perche(QFileDevice::FileError e, const QString &sistema)
+QString perche(const QFileDevice &f)
 {
-    switch (e) {
+    if (QFileInfo(f.fileName()).isDir())
+        return QStringLiteral("al posto del file c'è una cartella");
+    switch (f.error()) {
     case QFileDevice::ResourceError:
         return QStringLiteral("il disco è pieno o non è disponibile");
     case QFileDevice::OpenError:
     case QFileDevice::PermissionsError:
-        return QStringLiteral("il file non si può aprire in scrittura (è protetto, oppure è una cartella)");
+        return QStringLiteral("il file non si può aprire in scrittura (forse è protetto)");
     default:
-        return QStringLiteral("la scrittura non è riuscita (%1)").arg(sistema);
+        return QStringLiteral("la scrittura non è riuscita (%1)").arg(f.errorString());
     }
 }
 
 bool fallito(QString *errore, const QFileDevice &f)
 {
     if (errore)
-        *errore = perche(f.error(), f.errorString());
+        *errore = perche(f);
     return false;
 }
 

@@ -127,7 +127,7 @@ private slots:
         QTest::newRow("new file") << "r.csv" << QByteArray() << "";
         QTest::newRow("after a whole row") << "r.csv" << (IntestazioneCsv() + intera) << "";
         QTest::newRow("after a torn row") << "r.csv" << (IntestazioneCsv() + intera + intera.left(90)) << "";
-        QTest::newRow("a folder in its place") << "cartella" << QByteArray() << "è una cartella";
+        QTest::newRow("a folder in its place") << "cartella" << QByteArray() << "al posto del file c'è una cartella";
         QTest::newRow("full disk") << "/dev/full" << QByteArray() << "il disco è pieno";
     }
     void aggiunta()
@@ -262,7 +262,7 @@ private slots:
         QCOMPARE(w->scelto(), 2);
         u.esegui(QStringLiteral("Down Down Up Down Down"));
         QCOMPARE(w->scelto(), 0);
-        QCOMPARE(w->findChild<QLabel *>(QStringLiteral("LblRiga(20)"))->text(), esempio(14, 14).righe.last());
+        QCOMPARE(w->findChild<QLabel *>(QStringLiteral("LblRiga(20)"))->accessibleName(), "Riga 20: " + esempio(14, 14).righe.last().simplified());
         u.esegui(QStringLiteral("scan:Risultati(2)"));
         const QStringList &p = m.stampante.pagina;
         QCOMPARE(p.size(), 24);
@@ -274,6 +274,9 @@ private slots:
         scelta.verso = QDir::current().absoluteFilePath(QStringLiteral("copia.csv"));
         u.esegui(QStringLiteral("scan:Risultati(3)"));
         QCOMPARE(leggiFile(QStringLiteral("copia.csv")), leggiFile(QStringLiteral("provaRisultati.csv")));
+        scelta.verso = QDir::currentPath(); // a folder: no file can be written there
+        u.esegui(QStringLiteral("scan:Risultati(3)"));
+        QCOMPARE(m.messaggi.mostrati.value(0).section(u':', 1), " al posto del file c'è una cartella. | Esporta (!)");
         u.esegui(QStringLiteral("scan:Risultati(4)"));
         QCOMPARE(m.schermi.chiamate, QStringLiteral("chiudi Risultati"));
     }
