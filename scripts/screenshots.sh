@@ -17,7 +17,9 @@
 # with a message and no picture is left half made.
 #
 # Pictures: inizio.png, autore.png, opzioni.png, accesso.png, schede.png,
-# esercizio.png, esercizio-aiuto.png, stampa-esercizio.png.
+# esercizio.png, esercizio-aiuto.png, stampa-esercizio.png, risultati.png. The
+# results screen shows the exercise done here after twelve earlier ones, which
+# the folder gets from docs/screenshots/risultati-precedenti.csv.
 set -euo pipefail
 
 qui=$(cd "$(dirname "$0")" && pwd)
@@ -210,6 +212,7 @@ scrivi() {
 }
 
 cd "$lavoro"
+cp "$radice/docs/screenshots/risultati-precedenti.csv" composizioneRisultati.csv
 rm -f "$cartella/.fallito-$misura.png"
 QT_QPA_PLATFORM=xcb QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1 "$programma" >"$registro" 2>&1 &
 pid=$!
@@ -336,6 +339,17 @@ tasti Return
 a11y assente "label" "domanda:"
 tastiera_a "$inizio"
 
+# The results, the exercise just done among the earlier ones; "Esci" leaves.
+menu "Risultati"
+risultati=$(finestra '^Risultati$')
+tastiera_a "$risultati"
+a11y attendi "label" "Riga 20:"
+foto risultati.png
+fino_a "Esci" 5 space
+tasti Return
+sparita '^Risultati$'
+tastiera_a "$inizio"
+
 # Worksheets: "numero o simbolo", symbols in order, 30 lines, the pupils' sheet.
 menu "Stampa schede"
 schede=$(finestra '^STAMPA SCHEDE')
@@ -354,4 +368,4 @@ sparita '^STAMPA SCHEDE'
 tastiera_a "$inizio"
 
 finito=1
-echo "screenshots: 8 pictures at $misura in $cartella"
+echo "screenshots: 9 pictures at $misura in $cartella"

@@ -14,6 +14,7 @@
 #include "printing/frmstampaeserciziotre.h"
 #include "printing/frmstampaschedetre.h"
 #include "printing/frmsceltastampante.h"
+#include "results/frmrisultati.h"
 
 GestoreSchermi::GestoreSchermi(Stato &stato, QObject *parent)
     : QObject(parent), stato_(stato), fabbrica_(&GestoreSchermi::creaSchermo)
@@ -48,6 +49,8 @@ QWidget *GestoreSchermi::creaSchermo(Schermo s, Stato &stato, QWidget *proprieta
         return new frmSceltaStampante(stato);
     case Schermo::Accesso:
         return new FrmAccesso(stato);
+    case Schermo::Risultati:
+        return new FrmRisultati(stato);
     }
     return nullptr;
 }

@@ -1,6 +1,7 @@
 #include "app/programma.h"
 
 #include "access/fileaccesso.h"
+#include "results/registra.h"
 #include "settings/filesettings.h"
 #include "ui/dopoprimodisegno.h"
 
@@ -22,6 +23,9 @@ Programma::Programma()
     stampante_.setMessaggi(&messaggi_);
     stato.servizi.stampante = &stampante_;
     stato.servizi.schermi = &schermi_;
+    stato.servizi.file = &sceltaFile_;
+    // Every exercise finished is kept in the folder's results file.
+    CollegaRisultati(stato);
     // Each folder keeps its own access file beside its settings file.
     stato.accesso = LeggiAccesso(NomeFileAccesso(NomeFileDaEseguibile(QCoreApplication::applicationFilePath())));
     // The last filter installed sees an event first: presses are filtered

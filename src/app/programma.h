@@ -13,6 +13,7 @@
 #include "ui/alsasuono.h"
 #include "ui/qtpiattaforma.h"
 #include "ui/qtstampante.h"
+#include "ui/sceltafile.h"
 
 class Programma
 {
@@ -38,6 +39,7 @@ private:
     AlsaSound suono_;
     VoceSpeechd voce_;
     QtPrinter stampante_;
+    QtSceltaFile sceltaFile_;
     GestoreSchermi schermi_;
     QtSveglia svegliaFiltro_, svegliaScansione_;
     FiltroIngressi filtro_;

@@ -121,6 +121,11 @@ void frmOperativo::NuovoEsercizio()
 
     rec.NumeroEsercizio = somma16(rec.NumeroEsercizio, 1);
     scrivi(lblOperazione_, QString::number(rec.NumeroEsercizio));
+    fineDetta_ = false;
+    if (rec.NumeroEsercizio == 1) {
+        esatteInizio_ = risposteEsatte_;
+        errateInizio_ = risposteErrate_;
+    }
 
     scrivi(lblTempoParziale_, {});
     stato_.item.TestoNumero.clear();
@@ -232,6 +237,7 @@ void frmOperativo::Verifica()
             fuoco(option2_, 13);
         else if (fraSimboli_->isEnabled())
             fuoco(option1_, 5);
+        diFine();
         return;
     }
 
@@ -295,6 +301,25 @@ void frmOperativo::MostraCorrezione()
         correggi(option2_, fraTastierino_, 13, lblCorrezione_, it.TestoNumero, &spaziNumero_);
     if (voceSimbolo())
         correggi(option1_, fraSimboli_, 5, lblCorrezioneS_, it.TestoSimboli, &spaziSimboli_);
+    diFine();
+}
+
+// Told once the last item's line is whole: an item of both kinds closes
+// twice, and only the second close completes its line. The counters carry on
+// over "Ricomincia", so the run's own are what they grew by since its first
+// item. Whatever the listener does, the exercise goes on as it was.
+void frmOperativo::diFine()
+{
+    if (stato_.record.NumeroEsercizio != kUltimoEsercizio || fineDetta_ || !stato_.esercizioFinito)
+        return;
+    fineDetta_ = true;
+    EsercizioFinito e;
+    e.esatte = risposteEsatte_ - esatteInizio_;
+    e.errate = risposteErrate_ - errateInizio_;
+    e.secondi = tempoTotale_;
+    for (int i = 1; i <= kUltimoEsercizio; ++i)
+        e.righe << stato_.record.riga(i);
+    confine([&] { stato_.esercizioFinito(e); });
 }
 
 void frmOperativo::Riprova()

@@ -99,6 +99,7 @@ private:
     void fuoco(RigaOpzioni *riga, int i);
     void esci();
     void apriStampa();
+    void diFine();
 
     void scrivi(QLabel *l, const QString &testo);
 
@@ -114,6 +115,9 @@ private:
     qint16 risposteEsatte_ = 0;
     qint16 risposteErrate_ = 0;
     qint16 tentativi_ = 0;
+    // The counters as this run found them, and whether its end was told.
+    qint16 esatteInizio_ = 0, errateInizio_ = 0;
+    bool fineDetta_ = false;
     int tempoParziale_ = 0;
     int tempoTotale_ = 0;
     float inizioTempo_ = 0;

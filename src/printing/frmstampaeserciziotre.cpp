@@ -77,16 +77,8 @@ void FrmStampaEsercizioTre::costruisci()
     Label5->setAccessibleName(QStringLiteral("Esercizi eseguiti"));
 
     // The lines stand on a white sheet, as they will on paper.
-    auto *foglio = new QFrame(form);
-    foglio->setObjectName(QStringLiteral("Foglio"));
-    foglio->setAccessibleName(QStringLiteral("Righe dell'esercizio"));
-    foglio->setFrameShape(QFrame::Box);
-    foglio->setAutoFillBackground(true);
-    QPalette p = foglio->palette();
-    p.setColor(QPalette::Window, Qt::white);
-    p.setColor(QPalette::WindowText, Qt::black);
-    foglio->setPalette(p);
-    foglio->setGeometry(20, 52, larghezzaRiga + 16, 30 * passoRiga + 2 * yPrimaRiga);
+    QFrame *foglio = Foglio(form, QStringLiteral("Righe dell'esercizio"),
+                            {20, 52, larghezzaRiga + 16, 30 * passoRiga + 2 * yPrimaRiga});
 
     for (int i = 1; i <= 30; ++i) {
         auto *l = new QLabel(foglio);

@@ -52,6 +52,13 @@ void dimensioneCheEntra(IPrinter &p, const QStringList &righe, double massima)
     p.setFontSize(decimi / 10.0);
 }
 
+// Where line i of an exercise stands, in twips from the top: a gap of 3400
+// twips after the tenth line leaves room to write.
+qint16 yRigaEsercizio(qint16 i)
+{
+    return somma16(prodotto16(somma16(i, -1), 400), i <= 10 ? 2000 : 5000);
+}
+
 void IntestazioneEsercizio(IPrinter &p)
 {
     posiziona(p, 1000, 1000);
@@ -113,20 +120,32 @@ void StampaEsercizio(Stato &s)
     // The loop runs on the shared counter: the record file relies on where it stops.
     qint16 &i = s.fogli.NumeroOperazioni;
     for (i = 1; i <= s.record.NumeroEsercizio; i = somma16(i, 1)) {
-        qint16 y;
-        if (s.fogli.StampaRidotta == 1) {
-            if (i > 10)
-                continue;
-            y = somma16(prodotto16(somma16(i, -1), 400), 2000);
-        } else if (i <= 10) {
-            y = somma16(prodotto16(somma16(i, -1), 400), 2000);
-        } else {
-            // A gap of 3400 twips after the tenth line leaves room to write.
-            y = somma16(prodotto16(somma16(i, -1), 400), 5000);
-        }
+        if (s.fogli.StampaRidotta == 1 && i > 10)
+            continue;
         const QString &riga = s.record.riga(i);
-        posiziona(p, 1000, y);
+        posiziona(p, 1000, yRigaEsercizio(i));
         p.print(riga);
+    }
+    p.endDoc();
+}
+
+void StampaRighe(Stato &s, const QStringList &righe, const QString &sotto)
+{
+    IPrinter *stampante = apriDocumento(s, QStringLiteral("Risultato"));
+    if (!stampante)
+        return;
+    IPrinter &p = *stampante;
+    IntestazioneEsercizio(p);
+    // In the room the header leaves above the first line.
+    p.setCurrentX(1000);
+    p.setFontSize(11);
+    p.print(sotto);
+    p.setFontBold(true);
+    const QStringList pagina = righe.mid(0, 60);
+    dimensioneCheEntra(p, pagina, 10);
+    for (qint16 i = 1; i <= pagina.size(); ++i) {
+        posiziona(p, 1000, yRigaEsercizio(i));
+        p.print(pagina[i - 1]);
     }
     p.endDoc();
 }

@@ -14,6 +14,11 @@ QString CercaCarattere(IPrinter &p);
 // Printer errors (ErroreStampa) are the caller's to report.
 void StampaEsercizio(Stato &s);
 
+// Lines kept from an exercise done earlier, on the exercise printout's page
+// and fitted to it alike, with `sotto` (its date) under the header. Printer
+// errors (ErroreStampa) are the caller's to report.
+void StampaRighe(Stato &s, const QStringList &righe, const QString &sotto);
+
 // The worksheet in RigheScheda, one page, for TipoScheda 1 (pupils) or 2
 // (teachers). label1/label2 are the kind and order in words shown on screen.
 // Any printer error shows "Problema di stampa nella stampante utilizzata.".

@@ -248,6 +248,8 @@ void FrmInizio::costruisciMenu()
     opzioni->setObjectName(QStringLiteral("mnuOpzioni"));
     auto *accesso = barra->addAction(QStringLiteral("A&ccesso"));
     accesso->setObjectName(QStringLiteral("mnuAccesso"));
+    auto *risultati = barra->addAction(QStringLiteral("&Risultati"));
+    risultati->setObjectName(QStringLiteral("mnuRisultati"));
 
     const auto apri = [this](Schermo s) {
         return [this, s] {
@@ -265,6 +267,9 @@ void FrmInizio::costruisciMenu()
     // Scanning, switches and the highlight, for the pupil who uses them.
     accesso->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_K));
     connect(accesso, &QAction::triggered, this, apri(Schermo::Accesso));
+    // The exercises kept in this folder, for the teacher.
+    risultati->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_R));
+    connect(risultati, &QAction::triggered, this, apri(Schermo::Risultati));
 }
 
 void FrmInizio::avvio()

@@ -6,6 +6,7 @@
 #include "content/topic.h"
 #include "stato/record.h"
 #include "stato/accesso.h"
+#include "stato/esito.h"
 #include "stato/fogli.h"
 #include "stato/settings.h"
 #include <functional>
@@ -17,6 +18,7 @@ class ISound;
 class IVoce;
 class IPrinter;
 class IScreens;
+class ISceltaFile;
 
 // The system behind the program; none of these is owned by the state.
 struct Servizi {
@@ -27,6 +29,7 @@ struct Servizi {
     IVoce *voce = nullptr;
     IPrinter *stampante = nullptr;
     IScreens *schermi = nullptr;
+    ISceltaFile *file = nullptr;
 };
 
 struct Stato {
@@ -41,6 +44,8 @@ struct Stato {
 
     // Told the template number of every generated item (Label7 of the exercise screen).
     std::function<void(qint16)> mostraNumeroModello;
+    // Told of every exercise whose twentieth item has ended, once.
+    std::function<void(const EsercizioFinito &)> esercizioFinito;
 
     Servizi servizi;
 

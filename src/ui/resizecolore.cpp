@@ -67,6 +67,21 @@ void PreparaPannello(QWidget *pannello, const QString &nome, const QString &tito
     pannello->setAutoFillBackground(true);
 }
 
+QFrame *Foglio(QWidget *parent, const QString &nomeAccessibile, const QRect &g)
+{
+    auto *foglio = new QFrame(parent);
+    foglio->setObjectName(QStringLiteral("Foglio"));
+    foglio->setAccessibleName(nomeAccessibile);
+    foglio->setFrameShape(QFrame::Box);
+    foglio->setAutoFillBackground(true);
+    QPalette p = foglio->palette();
+    p.setColor(QPalette::Window, Qt::white);
+    p.setColor(QPalette::WindowText, Qt::black);
+    foglio->setPalette(p);
+    foglio->setGeometry(g);
+    return foglio;
+}
+
 QSize DimensioneAdattata(QSize design, QSize spazio)
 {
     if (design.width() <= spazio.width() && design.height() <= spazio.height())

@@ -6,6 +6,8 @@
 #include <QPointer>
 #include <QWidget>
 
+class QFrame;
+
 // The size a screen of design size `design` opens at in `spazio`: the design
 // itself when it fits, else the largest size of the same proportions that does.
 QSize DimensioneAdattata(QSize design, QSize spazio);
@@ -18,6 +20,10 @@ void AdattaAlloSchermo(QWidget *schermo, const QMargins &cornice);
 // A teacher's panel as every one opens: named, titled, at its design size,
 // never below half of it, on the panels' own page colour.
 void PreparaPannello(QWidget *pannello, const QString &nome, const QString &titolo, QSize design);
+
+// A white sheet with a thin border, named "Foglio", on which lines stand as
+// they will on paper.
+QFrame *Foglio(QWidget *parent, const QString &nomeAccessibile, const QRect &g);
 
 class ResizeColore
 {

@@ -9,7 +9,8 @@ enum class Schermo {
     Schede,           // FrmStampaSchedeTre
     SceltaStampante,  // frmSceltaStampante
     Autore,           // about box
-    Accesso           // FrmAccesso
+    Accesso,          // FrmAccesso
+    Risultati         // FrmRisultati
 };
 
 // Loads and unloads screens. A screen stays loaded once opened until it is

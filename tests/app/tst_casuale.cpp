@@ -8,6 +8,9 @@
 #include "exercise/frmoperativo.h"
 #include "fakes/cartella.h"
 #include "fakes/mondo.h"
+#include "results/filerisultati.h"
+#include "results/registra.h"
+#include "settings/filesettings.h"
 #include "settings/frminizio.h"
 #include "ui/rigaopzioni.h"
 
@@ -22,8 +25,9 @@ Q_DECLARE_METATYPE(Schermo)
 namespace {
 
 const Schermo kSchermi[] = {Schermo::Inizio, Schermo::Operativo, Schermo::Opzioni,
-                            Schermo::StampaEsercizio, Schermo::Schede, Schermo::SceltaStampante};
-const char *const kNomi[] = {"Inizio", "Operativo", "Opzioni", "StampaEsercizio", "Schede", "SceltaStampante", "Autore"};
+                            Schermo::StampaEsercizio, Schermo::Schede, Schermo::SceltaStampante, Schermo::Risultati};
+const char *const kNomi[] = {"Inizio", "Operativo", "Opzioni", "StampaEsercizio", "Schede", "SceltaStampante", "Autore",
+                             "Accesso", "Risultati"};
 
 // Mostly the keys the screens answer to; the shortcuts open the other screens
 // (the about box among them, which the pump then drives).
@@ -54,6 +58,11 @@ struct Programma : Mondo {
     {
         caso.generatore = &estrazioni;
         stato.servizi.schermi = &gestore;
+        // Exercises finished on the way are kept, and the results screen has some to show.
+        CollegaRisultati(stato);
+        for (int i = 0; i < 30; ++i)
+            AggiungiRisultato(NomeFileRisultati(NomeFileDaEseguibile(QCoreApplication::applicationFilePath())),
+                              {QDateTime::currentDateTime().addDays(i - 30), QStringLiteral("unità"), 1, 1, {}, {}, i % 21, i % 7, i, {}});
     }
     // Screens unloaded on the way out go before the state they work on.
     ~Programma() { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }

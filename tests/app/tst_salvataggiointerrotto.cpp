@@ -1,8 +1,10 @@
 // A save killed at any moment leaves the old file or the new one, never a mix:
-// the settings file and the exercise record alike. The test runs itself as
+// the settings file and the exercise record alike; the results file keeps
+// every row appended before the one being written. The test runs itself as
 // the child that saves in a loop until it is killed.
 #include "fakes/cartella.h"
 #include "printing/fileesercizio.h"
+#include "results/filerisultati.h"
 #include "settings/filesettings.h"
 #include "stato/stato.h"
 
@@ -35,6 +37,13 @@ QString salva(bool impostazioni, int giro)
     return QStringLiteral("composizioneEsercizio.dat");
 }
 
+
+// The row the child appends, again and again.
+Risultato risultato()
+{
+    return {QDateTime(QDate(2026, 9, 15), QTime(9, 30)), QStringLiteral("unità"), 1, 1, QStringLiteral("Trova il numero"),
+            QStringLiteral("Usa i simboli ordinati"), 18, 3, 210, QStringList(kRigheRisultato, QStringLiteral("  1 h = 100"))};
+}
 
 } // namespace
 
@@ -78,6 +87,33 @@ private slots:
         for (const QString &r : QDir(dir.path()).entryList(QDir::Files))
             QVERIFY2(r.startsWith(nome), qPrintable(r));
     }
+
+    // Killed while it makes the file or appends to it: the header and whole
+    // rows, at most the last one cut; the next row after it is read whole.
+    void risultatiInteri()
+    {
+        QTemporaryDir dir;
+        const QString file = dir.filePath(NomeFileRisultati(QStringLiteral("composizione")));
+        const QByteArray riga = RigaCsv(risultato()), testa = IntestazioneCsv();
+        QRandomGenerator rng(11);
+        for (int i = 0; i < 40; ++i) {
+            QFile::remove(file);
+            QProcess p;
+            p.start(QCoreApplication::applicationFilePath(), {QStringLiteral("--risultati"), file});
+            QVERIFY(p.waitForStarted() && p.waitForReadyRead(30000));
+            QThread::usleep(rng.bounded(20000));
+            ::kill(pid_t(p.processId()), SIGKILL);
+            QVERIFY(p.waitForFinished());
+            const QByteArray b = leggiFile(file);
+            const qsizetype righe = (b.size() - testa.size()) / riga.size(), resto = (b.size() - testa.size()) % riga.size();
+            QVERIFY(b.size() >= testa.size() + riga.size());
+            QVERIFY(b == testa + riga.repeated(righe) + riga.left(resto));
+            QVERIFY(AggiungiRisultato(file, risultato()));
+            const LetturaRisultati l = LeggiRisultati(file);
+            QCOMPARE(l.risultati.size(), righe + 1);
+            QCOMPARE(l.scartate, resto ? 1 : 0);
+        }
+    }
 };
 
 int main(int argc, char **argv)
@@ -90,6 +126,14 @@ int main(int argc, char **argv)
         std::fflush(stdout);
         for (int giro = 1;; ++giro)
             salva(impostazioni, giro);
+    }
+    if (argc == 3 && qstrcmp(argv[1], "--risultati") == 0) {
+        const QString file = QString::fromLocal8Bit(argv[2]);
+        AggiungiRisultato(file, risultato());
+        std::fputs("pronto\n", stdout);
+        std::fflush(stdout);
+        for (;;)
+            AggiungiRisultato(file, risultato());
     }
     QCoreApplication app(argc, argv);
     TestSalvataggioInterrotto t;

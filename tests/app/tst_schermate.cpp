@@ -15,6 +15,8 @@
 #include "printing/frmsceltastampante.h"
 #include "printing/frmstampaeserciziotre.h"
 #include "printing/frmstampaschedetre.h"
+#include "results/filerisultati.h"
+#include "results/frmrisultati.h"
 #include "settings/filesettings.h"
 #include "settings/frminizio.h"
 #include "settings/frmopzioni.h"
@@ -196,6 +198,27 @@ private slots:
             if (r.startsWith(QLatin1String("riga |")) && m_->stato.record.NumeroEsercizio < 20)
                 m_->stato.record.riga(++m_->stato.record.NumeroEsercizio) = r.mid(6).chopped(1);
         confronta(m_->apri<FrmStampaEsercizioTre>().get(), QStringLiteral("stampa-esercizio"));
+    }
+
+    // The results screen on no file, then on three exercises of the lines of
+    // tests/data/esercizi.txt, the newest chosen.
+    void risultati()
+    {
+        confronta(m_->apri<FrmRisultati>().get(), QStringLiteral("risultati-vuoto"));
+        Risultato r{QDateTime(QDate(2026, 9, 14), QTime(9, 30)), QStringLiteral("migliaia,    centinaia, decine, unità"), 3, 2,
+                    QStringLiteral("Trova il numero o il simbolo"), QStringLiteral("Usa i simboli ordinati e non ordinati"), 0, 0, 0, {}};
+        for (const QString &l : righeAttese(QStringLiteral("esercizi.txt")))
+            if (l.startsWith(QLatin1String("riga |")) && r.righe.size() < kRigheRisultato)
+                r.righe << l.mid(6).chopped(1);
+        for (int g = 0; g < 3; ++g) {
+            r.quando = r.quando.addDays(1);
+            r.esatte = 14 + 3 * g;
+            r.errate = 9 - 4 * g;
+            r.secondi = 400 - 60 * g;
+            QVERIFY(AggiungiRisultato(NomeFileRisultati(m_->stato.settings.NomeFile), r));
+        }
+        confronta(m_->apri<FrmRisultati>().get(), QStringLiteral("risultati"));
+        QFile::remove(NomeFileRisultati(m_->stato.settings.NomeFile));
     }
 
     // Worksheets on topic 6 with both previews, then "CANCELLA SCHEDA".

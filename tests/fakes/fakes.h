@@ -81,7 +81,7 @@ public:
 private:
     void scrivi(const QString &azione, Schermo s)
     {
-        static const char *const nomi[] = {"Inizio", "Operativo", "Opzioni", "StampaEsercizio", "Schede", "SceltaStampante", "Autore", "Accesso"};
+        static const char *const nomi[] = {"Inizio", "Operativo", "Opzioni", "StampaEsercizio", "Schede", "SceltaStampante", "Autore", "Accesso", "Risultati"};
         chiamate += (chiamate.isEmpty() ? QString() : QStringLiteral(", ")) + azione + QLatin1String(nomi[int(s)]);
     }
 };
