@@ -138,6 +138,8 @@ private slots:
         CartellaDiProva c;
         QVERIFY(prima.isEmpty() || scriviFile(percorso, prima));
         QVERIFY(QDir().mkpath(QStringLiteral("cartella")));
+        // A file written over the device by a careless run would pass for a disk with room.
+        QVERIFY2(!QFileInfo(QStringLiteral("/dev/full")).isFile(), "/dev/full is a plain file: mknod -m 666 /dev/full c 1 7");
         QString detto;
         QCOMPARE(AggiungiRisultato(percorso, esempio(2, 20), &detto), errore.isEmpty());
         QVERIFY2(detto.contains(errore), qPrintable(detto));
