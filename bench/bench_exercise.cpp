@@ -1,6 +1,7 @@
 // The exercise screen's two busiest moments, from the key event to the
 // repainted window: "Verifica" on an answer, and "Avanti" to the next item.
 // Both should stay far below what a pupil could notice (a few milliseconds).
+#include "conqt.h"
 #include "content/catalogo.h"
 #include "exercise/frmoperativo.h"
 #include "fakes/fakes.h"
@@ -96,10 +97,5 @@ BENCHMARK(BM_Avanti)->Unit(benchmark::kMicrosecond);
 
 int main(int argc, char **argv)
 {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
+    return EseguiConQt(argc, argv);
 }

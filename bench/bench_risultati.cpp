@@ -2,6 +2,7 @@
 // exercises, twenty record lines each): the results screen opened on it,
 // from nothing to its first paint, should stay under 200 ms; one row appended
 // at the end of an exercise under 20 ms.
+#include "conqt.h"
 #include "fakes/cartella.h"
 #include "fakes/fakes.h"
 #include "results/filerisultati.h"
@@ -83,10 +84,5 @@ BENCHMARK(BM_AggiungiRisultato)->Unit(benchmark::kMillisecond);
 
 int main(int argc, char **argv)
 {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
+    return EseguiConQt(argc, argv);
 }
