@@ -52,6 +52,7 @@ int main(int argc, char **argv)
         std::printf("speech-dispatcher is not installed or did not start: no figures\n");
         return 0;
     }
+    servizio.isola();
     qputenv("QT_QPA_PLATFORM", qgetenv("QT_QPA_PLATFORM").isEmpty() ? "offscreen" : qgetenv("QT_QPA_PLATFORM"));
     QApplication app(argc, argv);
     Programma p;

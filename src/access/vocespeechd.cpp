@@ -39,7 +39,7 @@ struct Speechd {
 
 struct VoceSpeechd::Condiviso {
     std::mutex m;
-    mutable std::condition_variable cv;
+    std::condition_variable cv;
     // Under m: what the GUI thread asks for, newest only.
     QByteArray testo;
     int velocita = 0, dopoMs = 0;

@@ -31,6 +31,7 @@ private slots:
         if (QStandardPaths::findExecutable(QStringLiteral("speech-dispatcher")).isEmpty())
             QSKIP("speech-dispatcher is not installed (scripts/deps.sh installs it)");
         QVERIFY(servizio_.avvia());
+        servizio_.isola();
     }
 
     // An item shown, a right answer: the question, then "Esatto", at the rate

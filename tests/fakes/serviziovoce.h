@@ -29,8 +29,6 @@ public:
         const QString server = QStandardPaths::findExecutable(QStringLiteral("speech-dispatcher"));
         if (server.isEmpty() || !cartella_.isValid())
             return false;
-        for (const char *v : {"HOME", "XDG_CONFIG_HOME", "XDG_CACHE_HOME", "XDG_RUNTIME_DIR", "XDG_DATA_HOME"})
-            qputenv(v, cartella_.path().toUtf8());
         QDir(cartella_.path()).mkpath(QStringLiteral("conf/modules"));
         QDir(cartella_.path()).mkpath(QStringLiteral("log"));
         QFile conf(percorso(QStringLiteral("conf/speechd.conf")));
@@ -41,6 +39,10 @@ public:
                    "DefaultLanguage \"it\"\n");
         conf.close();
         QFile(percorso(QStringLiteral("conf/modules/espeak-ng.conf"))).open(QIODevice::WriteOnly);
+        QProcessEnvironment ambiente = QProcessEnvironment::systemEnvironment();
+        for (const char *v : kCase)
+            ambiente.insert(QString::fromLatin1(v), cartella_.path());
+        processo_.setProcessEnvironment(ambiente);
         // It talks a lot on its terminal: into a file, or the pipe fills and it stops.
         processo_.setProcessChannelMode(QProcess::MergedChannels);
         processo_.setStandardOutputFile(percorso(QStringLiteral("log/terminale.txt")));
@@ -52,6 +54,14 @@ public:
             QThread::msleep(100);
         qputenv("SPEECHD_ADDRESS", "unix_socket:" + percorso(QStringLiteral("sock")).toUtf8());
         return QFile::exists(percorso(QStringLiteral("sock")));
+    }
+
+    // The calling process's home in the folder too: a client that finds no
+    // service starts one (autospawn), which must look here and nowhere else.
+    void isola() const
+    {
+        for (const char *v : kCase)
+            qputenv(v, cartella_.path().toUtf8());
     }
 
     QString percorso(const QString &nome) const { return cartella_.filePath(nome); }
@@ -78,6 +88,8 @@ public:
     }
 
 private:
+    static constexpr const char *kCase[] = {"HOME", "XDG_CONFIG_HOME", "XDG_CACHE_HOME", "XDG_RUNTIME_DIR",
+                                            "XDG_DATA_HOME"};
     QTemporaryDir cartella_;
     QProcess processo_;
 };
